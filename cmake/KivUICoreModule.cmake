@@ -1,0 +1,101 @@
+# How the project's own code is compiled. Linked privately, so that nothing of it reaches an embedder.
+add_library(KivUICore_BuildSettings INTERFACE)
+target_compile_options(
+  KivUICore_BuildSettings
+  INTERFACE
+    $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wshadow>
+    $<$<AND:$<BOOL:${KIVUICORE_WERROR}>,$<CXX_COMPILER_ID:GNU,Clang,AppleClang>>:-Werror>)
+if(KIVUICORE_SANITIZE)
+  target_compile_options(
+    KivUICore_BuildSettings INTERFACE -fsanitize=${KIVUICORE_SANITIZE} -fno-sanitize-recover=all
+                                      -fno-omit-frame-pointer)
+  target_link_options(KivUICore_BuildSettings INTERFACE -fsanitize=${KIVUICORE_SANITIZE})
+endif()
+
+# Drops the files of a list that do not exist, with a warning for each.
+function(kivuicore_existing_files list)
+  set(existing "")
+  foreach(file IN LISTS ${list})
+    if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${file}")
+      list(APPEND existing "${file}")
+    else()
+      message(WARNING "${CMAKE_CURRENT_SOURCE_DIR}/${file} is listed but does not exist")
+    endif()
+  endforeach()
+  set(${list} "${existing}" PARENT_SCOPE)
+endfunction()
+
+# kivuicore_module(<name> [INSTALLED] SOURCES <file>... HEADERS <file>... [LINK <target>...])
+#
+# Defines the library of the current folder: the target KivUICore_<name> (KivUICore itself goes without a prefix)
+# and its alias KivUICore::<name>. HEADERS are the public ones; they are included from the repository's root.
+# LINK names what the headers need, by alias. An INSTALLED module follows BUILD_SHARED_LIBS and is part of the
+# package; any other is static.
+function(kivuicore_module name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "INSTALLED" "" "SOURCES;HEADERS;LINK")
+  set(target KivUICore_${name})
+  if(name STREQUAL PROJECT_NAME)
+    set(target ${PROJECT_NAME})
+  endif()
+  kivuicore_existing_files(arg_SOURCES)
+  kivuicore_existing_files(arg_HEADERS)
+
+  if(NOT arg_SOURCES)
+    add_library(${target} INTERFACE)
+    add_library(KivUICore::${name} ALIAS ${target})
+    target_compile_features(${target} INTERFACE cxx_std_20)
+    target_include_directories(${target} INTERFACE "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>")
+    target_link_libraries(${target} INTERFACE ${arg_LINK})
+    return()
+  endif()
+
+  if(arg_INSTALLED)
+    add_library(${target})
+    set_property(GLOBAL APPEND PROPERTY KIVUICORE_INSTALLED_TARGETS ${target})
+  else()
+    add_library(${target} STATIC)
+  endif()
+  add_library(KivUICore::${name} ALIAS ${target})
+  target_sources(
+    ${target}
+    PRIVATE ${arg_SOURCES}
+    PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${arg_HEADERS})
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target} PUBLIC ${arg_LINK} PRIVATE $<BUILD_INTERFACE:KivUICore_BuildSettings>)
+  # The whole of a module is its interface: an embedder that hides symbols by default must still find them in a
+  # shared library.
+  set_target_properties(
+    ${target}
+    PROPERTIES CXX_EXTENSIONS OFF
+               CXX_VISIBILITY_PRESET default
+               VISIBILITY_INLINES_HIDDEN OFF
+               EXPORT_NAME ${name}
+               VERSION ${PROJECT_VERSION}
+               SOVERSION ${PROJECT_VERSION_MAJOR})
+endfunction()
+
+# kivuicore_tests(<name> SOURCES <file>... [LINK <target>...])
+#
+# Defines the GoogleTest executable KivUICore_<name>_tests of the current folder and hands each of its tests to
+# CTest as <name>.<suite>.<test>.
+function(kivuicore_tests name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;LINK")
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 60)
+  endif()
+  kivuicore_existing_files(arg_SOURCES)
+  if(NOT arg_SOURCES)
+    return()
+  endif()
+  set(target KivUICore_${name}_tests)
+  add_executable(${target} ${arg_SOURCES})
+  target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_compile_features(${target} PRIVATE cxx_std_20)
+  target_link_libraries(${target} PRIVATE ${arg_LINK} KivUICore_BuildSettings GTest::gmock GTest::gtest_main)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  gtest_discover_tests(
+    ${target}
+    TEST_PREFIX "${name}."
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS ${name})
+endfunction()

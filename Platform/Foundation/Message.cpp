@@ -1,0 +1,41 @@
+#include "Platform/Foundation/Message.h"
+
+#include "Platform/Foundation/FatalError.h"
+
+#include <string>
+
+namespace Foundation {
+
+namespace {
+
+std::string describe(const Signature& signature) {
+    std::string text = "(";
+    for (const std::string_view kind : signature.arguments) {
+        text += text.size() > 1 ? ", " : "";
+        text += kind;
+    }
+    return text + ") giving " + std::string(signature.result);
+}
+
+std::string describe(const Call& call) {
+    return "selector '" + std::string(call.selector.name()) + "' of class '" + call.receiver.name() + "'";
+}
+
+} // namespace
+
+void reportWrongKind(const Call& call, std::string_view expected, std::string_view given) {
+    fatalError("Wrong kind for " + describe(call) + ": expected " + std::string(expected) + ", was sent " +
+               std::string(given));
+}
+
+void reportUnrecognizedSelector(const Call& call) {
+    fatalError("Unrecognized selector '" + std::string(call.selector.name()) + "' sent to class '" +
+               call.receiver.name() + "'");
+}
+
+void reportWrongSignature(const Call& call, const Signature& expected, const Signature& given) {
+    fatalError("Wrong kind for " + describe(call) + ": takes " + describe(expected) + ", was sent " +
+               describe(given));
+}
+
+} // namespace Foundation

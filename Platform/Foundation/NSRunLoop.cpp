@@ -1,0 +1,95 @@
+#include "Platform/Foundation/NSRunLoop.h"
+
+#include "Platform/Foundation/FatalError.h"
+#include "Platform/Foundation/NSTimer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace Foundation {
+
+namespace {
+
+NSRunLoop* current = nullptr;
+
+} // namespace
+
+NSRunLoop::NSRunLoop(const Clock& clock) : clock_(clock), previous_(current), clockReading_(clock.now()) {
+    current = this;
+}
+
+NSRunLoop::~NSRunLoop() {
+    while (TimerQueue::Entry* entry = timers_.first()) {
+        static_cast<NSTimer*>(entry)->invalidate();
+    }
+    NSRunLoop** link = &current;
+    while (*link != this) {
+        link = &(*link)->previous_;
+    }
+    *link = previous_;
+}
+
+NSRunLoop& NSRunLoop::currentRunLoop() {
+    if (!current) {
+        fatalError("There is no run loop: a host makes one before timers and animations are used");
+    }
+    return *current;
+}
+
+double NSRunLoop::now() const {
+    if (!isTurning_) {
+        const double reading = clock_.now();
+        const double passed = reading - clockReading_;
+        if (std::isfinite(reading)) {
+            clockReading_ = reading;
+        }
+        if (passed > 0.0 && std::isfinite(passed)) {
+            now_ += passed;
+        }
+    }
+    return now_;
+}
+
+std::optional<double> NSRunLoop::timeUntilNextWork() const {
+    double next = timers_.first() ? timers_.first()->deadline() : std::numeric_limits<double>::infinity();
+    for (const std::unique_ptr<Source>& source : sources_) {
+        next = std::min(next, source->nextWork().value_or(next));
+    }
+    if (std::isinf(next)) {
+        return std::nullopt;
+    }
+    return std::max(0.0, next - now());
+}
+
+void NSRunLoop::turn() {
+    if (isTurning_) {
+        fatalError("The run loop is turned from inside one of its own turns");
+    }
+    now();
+    isTurning_ = true;
+    fireTimers();
+    turnSources();
+    isTurning_ = false;
+}
+
+void NSRunLoop::fireTimers() {
+    const std::uint64_t scheduledInThisTurn = timers_.nextOrder();
+    for (TimerQueue::Entry* entry = timers_.first();
+         entry && entry->deadline() <= now_ && entry->order() < scheduledInThisTurn;
+         entry = timers_.first()) {
+        static_cast<NSTimer*>(entry)->fire();
+    }
+}
+
+void NSRunLoop::turnSources() {
+    // By index: a turn may make a further source.
+    for (std::size_t index = 0; index < sources_.size(); ++index) {
+        const std::optional<double> due = sources_[index]->nextWork();
+        if (due && *due <= now_) {
+            sources_[index]->turn(now_);
+        }
+    }
+}
+
+} // namespace Foundation

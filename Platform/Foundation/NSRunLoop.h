@@ -1,0 +1,87 @@
+#pragma once
+
+#include "Platform/Foundation/Clock.h"
+#include "Platform/Foundation/TimerQueue.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace Foundation {
+
+/// Runs what is due: timers, and sources of work such as animations. A host makes one, which is the current
+/// one from then on until it is destroyed (the one before it is current again), and calls `turn` when
+/// `timeUntilNextWork` has passed. Everything happens on the calling thread. Time is the loop's own: it
+/// starts at 0 and never goes backwards, whatever the clock does.
+class NSRunLoop {
+public:
+    /// Something besides timers that has work at certain times.
+    class Source {
+    public:
+        virtual ~Source() = default;
+
+        /// Loop time at which the source next has work; nothing while it has none.
+        virtual std::optional<double> nextWork() const = 0;
+
+        /// Called once a turn at which the source has work due. May change anything, the source itself
+        /// included.
+        virtual void turn(double now) = 0;
+    };
+
+    /// `clock` outlives the loop.
+    explicit NSRunLoop(const Clock& clock);
+    NSRunLoop(const NSRunLoop&) = delete;
+    NSRunLoop& operator=(const NSRunLoop&) = delete;
+
+    /// Invalidates the timers that are still scheduled.
+    ~NSRunLoop();
+
+    /// The loop made last and still alive. Without one, a fatal report.
+    static NSRunLoop& currentRunLoop();
+
+    /// Seconds since the loop was made. Stands still during a turn, so that what happens in one turn happens
+    /// at one time.
+    double now() const;
+
+    /// Seconds until there is something to do, 0 if it is due; nothing while there is no work at all. A host
+    /// may block that long.
+    std::optional<double> timeUntilNextWork() const;
+
+    /// Fires each timer that is due, in the order of their deadlines and, where these are equal, of their
+    /// scheduling; then gives each source its turn. A timer that is scheduled in the meantime waits for the
+    /// next turn. Must not be called from inside a turn.
+    void turn();
+
+    /// The loop's one source of type `T`, made with the loop when first asked for.
+    template <class T>
+    T& source();
+
+private:
+    friend class NSTimer;
+
+    void fireTimers();
+    void turnSources();
+
+    const Clock& clock_;
+    NSRunLoop* previous_;
+    mutable double clockReading_;
+    mutable double now_ = 0.0;
+    bool isTurning_ = false;
+    TimerQueue timers_;
+    std::vector<std::unique_ptr<Source>> sources_;
+};
+
+template <class T>
+T& NSRunLoop::source() {
+    for (const std::unique_ptr<Source>& source : sources_) {
+        if (T* found = dynamic_cast<T*>(source.get())) {
+            return *found;
+        }
+    }
+    auto made = std::make_unique<T>(*this);
+    T& result = *made;
+    sources_.push_back(std::move(made));
+    return result;
+}
+
+} // namespace Foundation

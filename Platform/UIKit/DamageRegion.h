@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Platform/CoreGraphics/CGGeometry.h"
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+namespace UIKit {
+
+/// The parts of a window that must be drawn again: a handful of rectangles that don't overlap, kept few by
+/// joining those that waste the least area. Never allocates.
+class DamageRegion {
+public:
+    void add(const CoreGraphics::CGRect& rect);
+    void clear() { count_ = 0; }
+
+    bool isEmpty() const { return count_ == 0; }
+    std::span<const CoreGraphics::CGRect> rects() const { return {rects_.data(), count_}; }
+
+private:
+    static constexpr std::size_t capacity = 8;
+
+    void removeAt(std::size_t index);
+
+    std::array<CoreGraphics::CGRect, capacity + 1> rects_{};
+    std::size_t count_ = 0;
+};
+
+} // namespace UIKit

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Platform/UIKit/DamageRegion.h"
+#include "Platform/UIKit/UITouch.h"
+#include "Platform/UIKit/UIView.h"
+
+#include <vector>
+
+namespace UIKit {
+
+/// The root of a view tree: where a host hands in touches and takes out drawing. The host owns it, resizes it
+/// by `setFrame` and draws it when it needs display. It is transparent where no view is.
+class UIWindow : public UIView {
+public:
+    static const Foundation::Class& classObject();
+
+    using UIView::init;
+    bool init(const CoreGraphics::CGRect& frame) override;
+
+    /// One step of a touch, `location` in the window's coordinates. A touch that begins is captured by the
+    /// view under it, which hears all the rest; steps of a touch that isn't down are ignored, and so is a
+    /// second beginning of one that is. May be called with several touches down at once.
+    void sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const CoreGraphics::CGPoint& location);
+
+    /// Cancels all touches that are down: when the window loses the pointer or the focus.
+    void cancelTouches();
+
+    /// True while anything that is visible differs from what was drawn last.
+    bool needsDisplay() const { return !damage_.isEmpty(); }
+
+    /// What must be drawn again, in the window's coordinates.
+    const DamageRegion& damage() const { return damage_; }
+
+    /// Makes everything need drawing: after the host lost its pixels or changed its scale.
+    void setNeedsDisplayEverywhere();
+
+    /// Draws each damaged rectangle, clipped to it and cleared first, and forgets the damage. `context` is in
+    /// the window's coordinates. Allocates nothing.
+    void display(CoreGraphics::CGContext& context);
+
+protected:
+    void dealloc() override;
+
+private:
+    friend class UIView;
+
+    void damage(const CoreGraphics::CGRect& rect);
+    void cancelTouchesIn(const UIView& subtree);
+    void deliver(const UITouch& touch);
+
+    DamageRegion damage_;
+    std::vector<UITouch> touches_;
+};
+
+} // namespace UIKit

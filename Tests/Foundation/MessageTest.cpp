@@ -1,0 +1,143 @@
+#include "Platform/Foundation/Foundation.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+
+namespace {
+
+using namespace Foundation;
+
+class Listener : public Protocol {
+public:
+    virtual void onTick(std::int64_t count) = 0;
+
+    template <class Builder>
+    static void describe(Builder& builder) {
+        builder.template method<&Listener::onTick>("onTick:");
+    }
+
+protected:
+    ~Listener() = default;
+};
+
+class Lamp : public Adopting<NSObject, Listener> {
+public:
+    static const Class& classObject() {
+        static const Class& object = ClassBuilder<Lamp, NSObject>("Tests.Lamp")
+                                         .initializer<double>("initWithLevel:")
+                                         .property<&Lamp::level, &Lamp::setLevel>("level")
+                                         .property<&Lamp::label, &Lamp::setLabel>("label")
+                                         .property<&Lamp::twin, &Lamp::setTwin>("twin")
+                                         .property<&Lamp::action, &Lamp::setAction>("action")
+                                         .method<&Lamp::add>("add:to:")
+                                         .method<&Lamp::setListener>("setListener:")
+                                         .classProperty<&Lamp::maximum>("maximum")
+                                         .adopts<Listener>()
+                                         .build();
+        return object;
+    }
+
+    using NSObject::init;
+    virtual bool init(double level) {
+        level_ = level;
+        return level >= 0.0;
+    }
+
+    virtual float level() const { return static_cast<float>(level_); }
+    void setLevel(float level) { level_ = static_cast<double>(level); }
+    std::optional<std::string> label() const { return label_; }
+    void setLabel(const std::optional<std::string>& label) { label_ = label; }
+    std::shared_ptr<Lamp> twin() const { return twin_; }
+    void setTwin(const std::shared_ptr<Lamp>& twin) { twin_ = twin; }
+    std::function<void()> action() const { return action_; }
+    void setAction(std::function<void()> action) { action_ = std::move(action); }
+    int add(int a, std::int64_t b) { return a + static_cast<int>(b); }
+    void setListener(const std::shared_ptr<Listener>& listener) { listener_ = listener.get(); }
+    static double maximum() { return 100.0; }
+    void onTick(std::int64_t count) override { ticks_ += count; }
+    void unlisted() {}
+
+    std::int64_t ticks_ = 0;
+    Listener* listener_ = nullptr;
+
+private:
+    double level_ = 0.0;
+    std::optional<std::string> label_;
+    std::shared_ptr<Lamp> twin_;
+    std::function<void()> action_;
+};
+
+class DimLamp : public Lamp {
+public:
+    float level() const override { return 1.0F; }
+};
+
+TEST(MessageTest, ASendRunsTheOperation) {
+    const auto lamp = make<Lamp>(5.0);
+    EXPECT_EQ(lamp->send<double>("level"), 5.0);
+    lamp->send("setLevel:", 7.0);
+    EXPECT_EQ(lamp->send<float>("level"), 7.0F);
+    EXPECT_EQ(lamp->send<int>("add:to:", 3, 4), 7);
+}
+
+TEST(MessageTest, ASubclassWithoutATableOfItsOwnIsReachedThroughItsSuperclasss) {
+    EXPECT_EQ(make<DimLamp>(5.0)->send<float>("level"), 1.0F);
+}
+
+TEST(MessageTest, AbsentTextStaysAbsentAndEmptyTextPresent) {
+    const auto lamp = make<Lamp>(5.0);
+    lamp->send("setLabel:", "");
+    EXPECT_EQ(lamp->send<std::optional<std::string>>("label"), std::optional<std::string>(""));
+    lamp->send("setLabel:", std::optional<std::string>());
+    EXPECT_EQ(lamp->send<std::optional<std::string>>("label"), std::nullopt);
+}
+
+TEST(MessageTest, AClosureTravelsAsABlockAndAnEmptyOneStaysEmpty) {
+    const auto lamp = make<Lamp>(5.0);
+    int calls = 0;
+    lamp->send("setAction:", Block<void()>([&calls] { ++calls; }));
+    lamp->send<Block<void()>>("action")();
+    EXPECT_EQ(calls, 1);
+    lamp->send("setAction:", Block<void()>());
+    EXPECT_FALSE(lamp->action());
+    EXPECT_FALSE(lamp->send<Block<void()>>("action"));
+}
+
+TEST(MessageTest, AnObjectReachesAParameterOfItsProtocol) {
+    const auto lamp = make<Lamp>(5.0);
+    lamp->send("setListener:", std::shared_ptr<Listener>(make<Lamp>(1.0)));
+    lamp->send("setListener:", make<Lamp>(1.0));
+    lamp->send("onTick:", 3);
+    EXPECT_EQ(lamp->ticks_, 3);
+    EXPECT_TRUE(static_cast<Listener&>(*lamp).respondsToSelector("onTick:"));
+}
+
+TEST(MessageTest, AClassIsFoundByNameAndMakesObjects) {
+    Lamp::classObject();
+    const Class* found = Class::named("Tests.Lamp");
+    ASSERT_EQ(found, &Lamp::classObject());
+    EXPECT_EQ(found->send<double>("maximum"), 100.0);
+    const std::shared_ptr<NSObject> lamp = found->alloc();
+    EXPECT_TRUE(lamp->send<bool>("initWithLevel:", 2.5));
+    EXPECT_EQ(lamp->send<double>("level"), 2.5);
+    EXPECT_EQ(make<Lamp>(-1.0), nullptr);
+}
+
+TEST(MessageDeathTest, WhatIsNotListedIsAFatalReport) {
+    EXPECT_DEATH(make<Lamp>(5.0)->send("unlisted"),
+                 "Fatal error: Unrecognized selector 'unlisted' sent to class 'Tests.Lamp'");
+}
+
+TEST(MessageDeathTest, AWrongArgumentOrResultIsAFatalReport) {
+    EXPECT_DEATH(
+        make<Lamp>(5.0)->send("setLevel:", "high"),
+        "Fatal error: Wrong kind for selector 'setLevel:' of class 'Tests.Lamp': takes \\(number\\) giving "
+        "nothing, was sent \\(text\\) giving nothing");
+    EXPECT_DEATH(make<Lamp>(5.0)->send<std::string>("level"), "giving number, was sent \\(\\) giving text");
+    EXPECT_DEATH(
+        make<Lamp>(5.0)->send("setTwin:", make<NSObject>()),
+        "selector 'setTwin:' of class 'Tests.Lamp': expected Tests.Lamp, was sent Foundation.NSObject");
+}
+
+} // namespace

@@ -1,8 +1,27 @@
 include(CMakePackageConfigHelpers)
 
 get_property(installedTargets GLOBAL PROPERTY KIVUICORE_INSTALLED_TARGETS)
-if(NOT installedTargets)
-  return()
-endif()
 set(headerFolder "${CMAKE_INSTALL_INCLUDEDIR}/KivUICore")
 set(packageFolder "${CMAKE_INSTALL_LIBDIR}/cmake/KivUICore")
+
+install(
+  TARGETS ${installedTargets}
+  EXPORT KivUICoreTargets
+  FILE_SET HEADERS DESTINATION "${headerFolder}")
+install(EXPORT KivUICoreTargets NAMESPACE KivUICore:: DESTINATION "${packageFolder}")
+
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/KivUICoreConfig.cmake.in"
+                              "${PROJECT_BINARY_DIR}/KivUICoreConfig.cmake" INSTALL_DESTINATION "${packageFolder}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/KivUICoreConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/KivUICoreConfig.cmake" "${PROJECT_BINARY_DIR}/KivUICoreConfigVersion.cmake"
+        DESTINATION "${packageFolder}")
+
+# Relative to the .pc file, so that an installed tree can be moved.
+file(RELATIVE_PATH pkgConfigPrefix "${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+     "${CMAKE_INSTALL_PREFIX}")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/kivuicore.pc.in" "${PROJECT_BINARY_DIR}/kivuicore.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/kivuicore.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+if(TARGET kivplayer)
+  install(TARGETS kivplayer)
+endif()

@@ -1,7 +1,8 @@
 #include "Tests/Project/IncludeRules.h"
 
+#include "Tests/Project/SourceTree.h"
+
 #include <algorithm>
-#include <fstream>
 #include <optional>
 #include <sstream>
 
@@ -111,37 +112,6 @@ std::string objection(const Include& include, const ModuleRule& rule, const std:
     if (target != &rule && !rule.mayInclude.contains(target->folder))
         return rule.folder + " must not know " + target->folder;
     return "";
-}
-
-bool isSource(const std::filesystem::path& path) {
-    static const std::set<std::string> extensions{".h",  ".hh",  ".hpp", ".hxx", ".inl", ".ipp", ".inc", ".c",
-                                                  ".cc", ".cpp", ".cxx", ".m",   ".mm",  ".tpp", ".def"};
-    return extensions.contains(path.extension().string());
-}
-
-std::string contentsOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    return contents.str();
-}
-
-/// The source files below `root` as paths from it.
-std::vector<std::string> sourcesUnder(const std::filesystem::path& root,
-                                      const std::set<std::string>& skippedFolders) {
-    std::vector<std::string> sources;
-    for (auto entry = std::filesystem::recursive_directory_iterator(root);
-         entry != std::filesystem::recursive_directory_iterator(); ++entry) {
-        const std::string name = entry->path().filename().string();
-        const bool isSkipped = entry.depth() == 0 && skippedFolders.contains(name);
-        if (entry->is_directory() && (isSkipped || name.starts_with('.'))) {
-            entry.disable_recursion_pending();
-        } else if (entry->is_regular_file() && isSource(entry->path())) {
-            sources.push_back(entry->path().lexically_relative(root).generic_string());
-        }
-    }
-    std::sort(sources.begin(), sources.end());
-    return sources;
 }
 
 } // namespace

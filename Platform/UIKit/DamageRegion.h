@@ -13,7 +13,6 @@ namespace UIKit {
 class DamageRegion {
 public:
     void add(const CoreGraphics::CGRect& rect);
-    void clear() { count_ = 0; }
 
     bool isEmpty() const { return count_ == 0; }
     std::span<const CoreGraphics::CGRect> rects() const { return {rects_.data(), count_}; }
@@ -21,6 +20,7 @@ public:
 private:
     static constexpr std::size_t capacity = 8;
 
+    void joinCheapestPair();
     void removeAt(std::size_t index);
 
     std::array<CoreGraphics::CGRect, capacity + 1> rects_{};

@@ -4,6 +4,7 @@
 #include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace UIKit {
@@ -31,7 +32,12 @@ public:
     /// What must be drawn again, in the window's coordinates.
     const DamageRegion& damage() const { return damage_; }
 
-    /// Makes everything need drawing: after the host lost its pixels or changed its scale.
+    /// Pixels a point, 1.0 at first. Damage covers whole pixels, so that what is drawn again meets what isn't
+    /// without a seam. A change makes everything need drawing.
+    CoreGraphics::CGFloat contentScale() const { return contentScale_; }
+    void setContentScale(CoreGraphics::CGFloat scale);
+
+    /// Makes everything need drawing: after the host lost its pixels.
     void setNeedsDisplayEverywhere();
 
     /// Draws each damaged rectangle, clipped to it and cleared first, and forgets the damage. `context` is in
@@ -48,6 +54,9 @@ private:
     void cancelTouchesIn(const UIView& subtree);
     void deliver(const UITouch& touch);
 
+    void cancelTouch(std::size_t index);
+
+    CoreGraphics::CGFloat contentScale_ = 1.0;
     DamageRegion damage_;
     std::vector<UITouch> touches_;
 };

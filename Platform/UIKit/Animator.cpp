@@ -1,0 +1,150 @@
+#include "Platform/UIKit/Animator.h"
+
+#include "Platform/UIKit/UIView.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace UIKit {
+
+namespace {
+
+// Empty outside every animations closure. One for all loops: closures nest on the one thread, whatever the
+// loop.
+std::shared_ptr<AnimationGroup> recording;
+
+} // namespace
+
+AnimationGroup::AnimationGroup(double start, double duration, AnimationCurve curve,
+                               std::function<void(bool)> completion)
+    : start_(start), duration_(duration), curve_(curve), completion_(std::move(completion)) {}
+
+double AnimationGroup::progress() const {
+    if (presentationTime_ <= start_) {
+        return 0.0;
+    }
+    return easedProgress(curve_, (presentationTime_ - start_) / duration_);
+}
+
+void AnimationGroup::add(const std::shared_ptr<UIView>& view) {
+    ++changes_;
+    const bool isKnown =
+        std::any_of(views_.begin(), views_.end(), [&view](const std::weak_ptr<UIView>& each) {
+            return !each.owner_before(view) && !view.owner_before(each);
+        });
+    if (!isKnown) {
+        views_.push_back(view);
+    }
+}
+
+void AnimationGroup::interrupt() {
+    --changes_;
+    isInterrupted_ = true;
+}
+
+AnimatedValues PropertyAnimation::values() const {
+    const double progress = group->progress();
+    if (progress >= 1.0) {
+        return to;
+    }
+    AnimatedValues values{};
+    for (std::size_t index = 0; index < values.size(); ++index) {
+        values[index] = from[index] + (to[index] - from[index]) * progress;
+    }
+    return values;
+}
+
+Animator::Animator(Foundation::NSRunLoop& loop) : loop_(loop), presentationTime_(loop.now()) {}
+
+const std::shared_ptr<AnimationGroup>& Animator::recordingGroup() { return recording; }
+
+void Animator::animate(double duration, double delay, UIViewAnimationOptions options,
+                       const std::function<void()>& animations, std::function<void(bool)> completion) {
+    // What shows before the changes is what shows now, not what the last turn left.
+    moveTo(loop_.now());
+    const double wait = delay > 0.0 ? delay : 0.0;
+    const bool takesTime = duration > 0.0 || wait > 0.0;
+    auto group = std::make_shared<AnimationGroup>(presentationTime_ + wait, duration > 0.0 ? duration : 0.0,
+                                                  animationCurve(options), std::move(completion));
+    group->presentationTime_ = presentationTime_;
+    groups_.push_back(group);
+    const std::shared_ptr<AnimationGroup> outer = std::exchange(recording, takesTime ? group : nullptr);
+    if (animations) {
+        animations();
+    }
+    recording = outer;
+}
+
+std::optional<double> Animator::nextWork() const {
+    double next = std::numeric_limits<double>::infinity();
+    for (const std::shared_ptr<AnimationGroup>& group : groups_) {
+        if (group->isOver(presentationTime_)) {
+            next = std::min(next, presentationTime_);
+        } else if (group->isRunning(presentationTime_)) {
+            next = std::min({next, group->end(), presentationTime_ + frameInterval});
+        } else {
+            next = std::min(next, group->start());
+        }
+    }
+    return std::isinf(next) ? std::nullopt : std::optional(next);
+}
+
+void Animator::turn(double now) {
+    moveTo(now);
+    finishOver(now);
+}
+
+void Animator::moveTo(double now) {
+    if (now == presentationTime_) {
+        return;
+    }
+    invalidateRunning(now);
+    presentationTime_ = now;
+    for (const std::shared_ptr<AnimationGroup>& group : groups_) {
+        group->presentationTime_ = now;
+    }
+    invalidateRunning(now);
+}
+
+// Called before and after the presentation moves: what is left and what is reached must both be drawn again.
+void Animator::invalidateRunning(double now) {
+    for (const std::shared_ptr<AnimationGroup>& group : groups_) {
+        if (!group->isRunning(now)) {
+            continue;
+        }
+        for (const std::weak_ptr<UIView>& each : group->views_) {
+            if (const std::shared_ptr<UIView> view = each.lock()) {
+                view->invalidateExtent();
+            }
+        }
+    }
+}
+
+void Animator::finishOver(double now) {
+    std::vector<std::shared_ptr<AnimationGroup>> over;
+    const auto firstOver = std::stable_partition(
+        groups_.begin(), groups_.end(),
+        [now](const std::shared_ptr<AnimationGroup>& group) { return !group->isOver(now); });
+    over.assign(std::make_move_iterator(firstOver), std::make_move_iterator(groups_.end()));
+    groups_.erase(firstOver, groups_.end());
+    std::stable_sort(over.begin(), over.end(),
+                     [](const auto& a, const auto& b) { return a->end() < b->end(); });
+
+    for (const std::shared_ptr<AnimationGroup>& group : over) {
+        for (const std::weak_ptr<UIView>& each : group->views_) {
+            if (const std::shared_ptr<UIView> view = each.lock()) {
+                view->dropAnimations(*group);
+            }
+        }
+    }
+    // Completions come last: whatever they start or tear down, this turn touches nothing of it any more.
+    for (const std::shared_ptr<AnimationGroup>& group : over) {
+        if (const auto completion = std::exchange(group->completion_, nullptr)) {
+            completion(!group->isInterrupted_);
+        }
+    }
+}
+
+} // namespace UIKit

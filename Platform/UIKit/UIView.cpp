@@ -1,0 +1,529 @@
+#include "Platform/UIKit/UIView.h"
+
+#include "Platform/Foundation/ClassBuilder.h"
+#include "Platform/Foundation/FatalError.h"
+#include "Platform/Foundation/NSRunLoop.h"
+#include "Platform/UIKit/UIColor.h"
+#include "Platform/UIKit/UIWindow.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace UIKit {
+
+using namespace CoreGraphics;
+
+namespace {
+
+constexpr CGFloat leastTouchableAlpha = 0.01;
+
+AnimatedValues valuesOf(const CGRect& rect) {
+    return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
+}
+
+AnimatedValues valuesOf(const CGAffineTransform& transform) {
+    return {transform.a, transform.b, transform.c, transform.d, transform.tx, transform.ty};
+}
+
+AnimatedValues valuesOf(const UIColor* color) {
+    const CGColor values = color ? color->cgColor() : CGColor{0.0, 0.0, 0.0, 0.0};
+    return {values.red, values.green, values.blue, values.alpha};
+}
+
+bool isPlain(const UIColor* color) { return !color || !color->patternImage(); }
+
+} // namespace
+
+const Foundation::Class& UIView::classObject() {
+    static const Foundation::Class& object =
+        Foundation::ClassBuilder<UIView, NSObject>("UIKit.UIView")
+            .initializer<const CGRect&>("initWithFrame:")
+            .property<&UIView::frame, &UIView::setFrame>("frame")
+            .property<&UIView::bounds, &UIView::setBounds>("bounds")
+            .property<&UIView::center, &UIView::setCenter>("center")
+            .property<&UIView::transform, &UIView::setTransform>("transform")
+            .property<&UIView::autoresizingMask, &UIView::setAutoresizingMask>("autoresizingMask")
+            .method<&UIView::sizeToFit>("sizeToFit")
+            .property<&UIView::superview>("superview")
+            .property<&UIView::window>("window")
+            .property<&UIView::subviews>("subviews")
+            .method<&UIView::addSubview>("addSubview:")
+            .method<&UIView::insertSubview>("insertSubview:atIndex:")
+            .method<&UIView::bringSubviewToFront>("bringSubviewToFront:")
+            .method<&UIView::sendSubviewToBack>("sendSubviewToBack:")
+            .method<&UIView::removeFromSuperview>("removeFromSuperview")
+            .property<&UIView::alpha, &UIView::setAlpha>("alpha")
+            .property<&UIView::isHidden, &UIView::setHidden>("hidden")
+            .property<&UIView::isOpaque, &UIView::setOpaque>("opaque")
+            .property<&UIView::backgroundColor, &UIView::setBackgroundColor>("backgroundColor")
+            .property<&UIView::clipsToBounds, &UIView::setClipsToBounds>("clipsToBounds")
+            .property<&UIView::isUserInteractionEnabled, &UIView::setUserInteractionEnabled>(
+                "userInteractionEnabled")
+            .method<&UIView::setNeedsDisplay>("setNeedsDisplay")
+            .build();
+    return object;
+}
+
+bool UIView::init() { return init(CGRect{}); }
+
+bool UIView::init(const CGRect& frame) {
+    geometry_.setFrame(frame);
+    return NSObject::init();
+}
+
+void UIView::dealloc() {
+    for (const PropertyAnimation& animation : animations_) {
+        animation.group->interrupt();
+    }
+    animations_.clear();
+    for (const std::shared_ptr<UIView>& subview : subviews_) {
+        subview->superview_ = nullptr;
+    }
+    NSObject::dealloc();
+}
+
+// Geometry
+
+CGRect UIView::frame() const { return geometry_.frame(); }
+
+void UIView::setFrame(const CGRect& frame) {
+    ViewGeometry geometry = geometry_;
+    geometry.setFrame(frame);
+    setGeometry(geometry);
+}
+
+CGRect UIView::bounds() const { return geometry_.bounds(); }
+
+void UIView::setBounds(const CGRect& bounds) {
+    ViewGeometry geometry = geometry_;
+    geometry.setBounds(bounds);
+    setGeometry(geometry);
+}
+
+CGPoint UIView::center() const { return geometry_.center(); }
+
+void UIView::setCenter(const CGPoint& center) {
+    ViewGeometry geometry = geometry_;
+    geometry.setCenter(center);
+    setGeometry(geometry);
+}
+
+const CGAffineTransform& UIView::transform() const { return geometry_.transform(); }
+
+void UIView::setTransform(const CGAffineTransform& transform) {
+    ViewGeometry geometry = geometry_;
+    geometry.setTransform(transform);
+    setGeometry(geometry);
+}
+
+void UIView::setGeometry(const ViewGeometry& geometry) {
+    if (geometry == geometry_) {
+        return;
+    }
+    const CGSize oldSize = geometry_.box().size;
+    if (geometry.box() != geometry_.box()) {
+        change(AnimatedProperty::Box, [&] { geometry_.setBox(geometry.box()); });
+    }
+    if (geometry.boundsOrigin() != geometry_.boundsOrigin()) {
+        change(AnimatedProperty::BoundsOrigin, [&] { geometry_.setBoundsOrigin(geometry.boundsOrigin()); });
+    }
+    if (geometry.transform() != geometry_.transform()) {
+        change(AnimatedProperty::Transform, [&] { geometry_.setTransform(geometry.transform()); });
+    }
+    if (oldSize != geometry_.box().size) {
+        resizeSubviews(oldSize);
+    }
+}
+
+void UIView::resizeSubviews(const CGSize& oldSize) {
+    const CGSize newSize = geometry_.box().size;
+    const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
+    for (const std::shared_ptr<UIView>& subview : subviews) {
+        if (subview->autoresizingMask_ != UIViewAutoresizingNone) {
+            subview->setFrame(
+                autoresizedFrame(subview->frame(), subview->autoresizingMask_, oldSize, newSize));
+        }
+    }
+}
+
+UIViewAutoresizing UIView::autoresizingMask() const { return autoresizingMask_; }
+
+void UIView::setAutoresizingMask(UIViewAutoresizing mask) { autoresizingMask_ = mask; }
+
+CGSize UIView::sizeThatFits(const CGSize& /*size*/) const { return geometry_.box().size; }
+
+void UIView::sizeToFit() {
+    ViewGeometry geometry = geometry_;
+    geometry.setBox({geometry_.box().origin, sizeThatFits(geometry_.box().size)});
+    setGeometry(geometry);
+}
+
+// The tree
+
+std::shared_ptr<UIView> UIView::superview() const {
+    return superview_ ? std::static_pointer_cast<UIView>(superview_->weak_from_this().lock()) : nullptr;
+}
+
+std::shared_ptr<UIWindow> UIView::window() const {
+    UIWindow* window = containingWindow();
+    return window ? std::static_pointer_cast<UIWindow>(window->weak_from_this().lock()) : nullptr;
+}
+
+const std::vector<std::shared_ptr<UIView>>& UIView::subviews() const { return subviews_; }
+
+void UIView::addSubview(const std::shared_ptr<UIView>& view) { insertSubview(view, subviews_.size()); }
+
+void UIView::insertSubview(const std::shared_ptr<UIView>& view, std::size_t index) {
+    if (!view) {
+        Foundation::fatalError("Adding no view as a subview of '" + isa().name() + "'");
+    }
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    const std::shared_ptr<UIView> added = view;
+    const UIWindow* oldWindow = added->containingWindow();
+    if (added->superview_ && added->superview_ != this) {
+        added->removeFromSuperview();
+        oldWindow = nullptr;
+    }
+    // Not earlier: taking it out cancels touches, and whoever hears of that may rearrange the tree.
+    if (isDescendantOfView(*added)) {
+        Foundation::fatalError("Adding a view of class '" + added->isa().name() +
+                               "' to itself or to one inside it");
+    }
+    added->detach();
+    subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews_.size())),
+                     added);
+    added->superview_ = this;
+    added->invalidateExtent();
+    if (oldWindow != containingWindow()) {
+        added->notifyMovedToWindow();
+    }
+}
+
+void UIView::bringSubviewToFront(const std::shared_ptr<UIView>& view) {
+    const auto found = std::find(subviews_.begin(), subviews_.end(), view);
+    if (found != subviews_.end()) {
+        std::rotate(found, found + 1, subviews_.end());
+        view->invalidateExtent();
+    }
+}
+
+void UIView::sendSubviewToBack(const std::shared_ptr<UIView>& view) {
+    const auto found = std::find(subviews_.begin(), subviews_.end(), view);
+    if (found != subviews_.end()) {
+        std::rotate(subviews_.begin(), found, found + 1);
+        view->invalidateExtent();
+    }
+}
+
+void UIView::removeFromSuperview() {
+    if (!superview_) {
+        return;
+    }
+    const std::shared_ptr<UIWindow> oldWindow = window();
+    const std::shared_ptr<UIView> alive = self(this);
+    invalidateExtent();
+    detach();
+    if (oldWindow) {
+        oldWindow->cancelTouchesIn(*this);
+        notifyMovedToWindow();
+    }
+}
+
+bool UIView::isDescendantOfView(const UIView& view) const {
+    for (const UIView* each = this; each; each = each->superview_) {
+        if (each == &view) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void UIView::detach() {
+    if (UIView* parent = std::exchange(superview_, nullptr)) {
+        const auto isThis = [this](const std::shared_ptr<UIView>& each) { return each.get() == this; };
+        parent->subviews_.erase(std::find_if(parent->subviews_.begin(), parent->subviews_.end(), isThis));
+    }
+}
+
+void UIView::notifyMovedToWindow() {
+    didMoveToWindow();
+    const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
+    for (const std::shared_ptr<UIView>& subview : subviews) {
+        subview->notifyMovedToWindow();
+    }
+}
+
+UIWindow* UIView::containingWindow() const {
+    const UIView* each = this;
+    while (!each->isWindow_ && each->superview_) {
+        each = each->superview_;
+    }
+    return each->isWindow_ ? static_cast<UIWindow*>(const_cast<UIView*>(each)) : nullptr;
+}
+
+// Appearance
+
+CGFloat UIView::alpha() const { return alpha_; }
+
+void UIView::setAlpha(CGFloat alpha) {
+    if (alpha != alpha_) {
+        change(AnimatedProperty::Alpha, [&] { alpha_ = alpha; });
+    }
+}
+
+bool UIView::isHidden() const { return isHidden_; }
+
+void UIView::setHidden(bool hidden) {
+    if (hidden != isHidden_) {
+        invalidateExtent();
+        isHidden_ = hidden;
+        invalidateExtent();
+    }
+}
+
+bool UIView::isOpaque() const { return isOpaque_; }
+
+void UIView::setOpaque(bool opaque) { isOpaque_ = opaque; }
+
+std::shared_ptr<UIColor> UIView::backgroundColor() const { return backgroundColor_; }
+
+void UIView::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
+    if (color == backgroundColor_) {
+        return;
+    }
+    if (isPlain(color.get()) && isPlain(backgroundColor_.get())) {
+        change(AnimatedProperty::BackgroundColor, [&] { backgroundColor_ = color; });
+    } else {
+        dropAnimation(AnimatedProperty::BackgroundColor);
+        backgroundColor_ = color;
+        setNeedsDisplay();
+    }
+}
+
+bool UIView::clipsToBounds() const { return clipsToBounds_; }
+
+void UIView::setClipsToBounds(bool clips) {
+    if (clips != clipsToBounds_) {
+        invalidateExtent();
+        clipsToBounds_ = clips;
+        invalidateExtent();
+    }
+}
+
+bool UIView::isUserInteractionEnabled() const { return isUserInteractionEnabled_; }
+
+void UIView::setUserInteractionEnabled(bool enabled) { isUserInteractionEnabled_ = enabled; }
+
+// Touches
+
+std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
+    if (isHidden_ || !(alpha_ >= leastTouchableAlpha) || !isUserInteractionEnabled_ || !pointInside(point)) {
+        return nullptr;
+    }
+    for (auto each = subviews_.rbegin(); each != subviews_.rend(); ++each) {
+        if (const std::optional<CGAffineTransform> inwards = (*each)->geometry_.fromSuperview()) {
+            if (std::shared_ptr<UIView> hit =
+                    (*each)->hitTest(CGPointApplyAffineTransform(point, *inwards))) {
+                return hit;
+            }
+        }
+    }
+    return self(this);
+}
+
+bool UIView::pointInside(const CGPoint& point) const {
+    return CGRectContainsPoint(geometry_.bounds(), point);
+}
+
+CGAffineTransform UIView::toRoot() const {
+    CGAffineTransform transform;
+    for (const UIView* each = this; each->superview_; each = each->superview_) {
+        transform = CGAffineTransformConcat(transform, each->geometry_.toSuperview());
+    }
+    return transform;
+}
+
+CGPoint UIView::convertPointToView(const CGPoint& point, const UIView& view) const {
+    const std::optional<CGAffineTransform> inwards = CGAffineTransformInvert(view.toRoot());
+    return inwards ? CGPointApplyAffineTransform(CGPointApplyAffineTransform(point, toRoot()), *inwards)
+                   : CGPoint{};
+}
+
+CGRect UIView::convertRectToView(const CGRect& rect, const UIView& view) const {
+    const std::optional<CGAffineTransform> inwards = CGAffineTransformInvert(view.toRoot());
+    return inwards ? CGRectApplyAffineTransform(rect, CGAffineTransformConcat(toRoot(), *inwards)) : CGRect{};
+}
+
+void UIView::touchesBegan(const UITouch& touch) {
+    if (const std::shared_ptr<UIView> next = superview()) {
+        next->touchesBegan(touch);
+    }
+}
+
+void UIView::touchesMoved(const UITouch& touch) {
+    if (const std::shared_ptr<UIView> next = superview()) {
+        next->touchesMoved(touch);
+    }
+}
+
+void UIView::touchesEnded(const UITouch& touch) {
+    if (const std::shared_ptr<UIView> next = superview()) {
+        next->touchesEnded(touch);
+    }
+}
+
+void UIView::touchesCancelled(const UITouch& touch) {
+    if (const std::shared_ptr<UIView> next = superview()) {
+        next->touchesCancelled(touch);
+    }
+}
+
+// Drawing
+
+void UIView::drawRect(CGContext& /*context*/, const CGRect& /*rect*/) {}
+
+void UIView::setNeedsDisplay() { invalidateRect(presentedGeometry().bounds()); }
+
+void UIView::invalidateExtent() {
+    if (isVisible()) {
+        invalidateRect(presentedExtent());
+    }
+}
+
+bool UIView::isVisible() const { return !isHidden_ && presentedAlpha() > 0.0; }
+
+void UIView::invalidateRect(const CGRect& rect) {
+    CGRect area = rect;
+    for (UIView* each = this; each->isVisible(); each = each->superview_) {
+        const ViewGeometry geometry = each->presentedGeometry();
+        if (each->clipsToBounds_) {
+            area = CGRectIntersection(area, geometry.bounds());
+        }
+        if (each->isWindow_) {
+            static_cast<UIWindow*>(each)->damage(area);
+            return;
+        }
+        if (!each->superview_) {
+            return;
+        }
+        area = CGRectApplyAffineTransform(area, geometry.toSuperview());
+    }
+}
+
+CGRect UIView::presentedExtent() const {
+    CGRect extent = presentedGeometry().bounds();
+    if (!clipsToBounds_) {
+        for (const std::shared_ptr<UIView>& subview : subviews_) {
+            if (subview->isVisible()) {
+                extent = CGRectUnion(extent,
+                                     CGRectApplyAffineTransform(subview->presentedExtent(),
+                                                                subview->presentedGeometry().toSuperview()));
+            }
+        }
+    }
+    return extent;
+}
+
+// Animation
+
+void UIView::animateWithDuration(double duration, double delay, UIViewAnimationOptions options,
+                                 const std::function<void()>& animations,
+                                 std::function<void(bool)> completion) {
+    Foundation::NSRunLoop::currentRunLoop().source<Animator>().animate(duration, delay, options, animations,
+                                                                       std::move(completion));
+}
+
+template <class Change>
+void UIView::change(AnimatedProperty property, Change&& change) {
+    const AnimatedValues from = presentedValues(property);
+    invalidateExtent();
+    change();
+    recordChange(property, from, modelValues(property));
+    invalidateExtent();
+}
+
+void UIView::recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to) {
+    dropAnimation(property);
+    if (const std::shared_ptr<AnimationGroup>& group = Animator::recordingGroup()) {
+        if (const std::shared_ptr<NSObject> alive = weak_from_this().lock()) {
+            group->add(std::static_pointer_cast<UIView>(alive));
+            animations_.push_back({property, from, to, group});
+        }
+    }
+}
+
+void UIView::dropAnimation(AnimatedProperty property) {
+    const auto found =
+        std::find_if(animations_.begin(), animations_.end(),
+                     [property](const PropertyAnimation& each) { return each.property == property; });
+    if (found != animations_.end()) {
+        found->group->interrupt();
+        animations_.erase(found);
+    }
+}
+
+void UIView::dropAnimations(const AnimationGroup& group) {
+    std::erase_if(animations_,
+                  [&group](const PropertyAnimation& each) { return each.group.get() == &group; });
+}
+
+bool UIView::isAnimating(AnimatedProperty property) const {
+    return std::any_of(animations_.begin(), animations_.end(),
+                       [property](const PropertyAnimation& each) { return each.property == property; });
+}
+
+AnimatedValues UIView::modelValues(AnimatedProperty property) const {
+    switch (property) {
+    case AnimatedProperty::Alpha:
+        return {alpha_};
+    case AnimatedProperty::Box:
+        return valuesOf(geometry_.box());
+    case AnimatedProperty::BoundsOrigin:
+        return {geometry_.boundsOrigin().x, geometry_.boundsOrigin().y};
+    case AnimatedProperty::Transform:
+        return valuesOf(geometry_.transform());
+    case AnimatedProperty::BackgroundColor:
+        return valuesOf(backgroundColor_.get());
+    case AnimatedProperty::Value:
+        break;
+    }
+    return {};
+}
+
+AnimatedValues UIView::presentedValues(AnimatedProperty property) const {
+    for (const PropertyAnimation& animation : animations_) {
+        if (animation.property == property) {
+            return animation.values();
+        }
+    }
+    return modelValues(property);
+}
+
+ViewGeometry UIView::presentedGeometry() const {
+    ViewGeometry geometry = geometry_;
+    for (const PropertyAnimation& animation : animations_) {
+        const AnimatedValues values = animation.values();
+        if (animation.property == AnimatedProperty::Box) {
+            geometry.setBox({{values[0], values[1]}, {values[2], values[3]}});
+        } else if (animation.property == AnimatedProperty::BoundsOrigin) {
+            geometry.setBoundsOrigin({values[0], values[1]});
+        } else if (animation.property == AnimatedProperty::Transform) {
+            geometry.setTransform({values[0], values[1], values[2], values[3], values[4], values[5]});
+        }
+    }
+    return geometry;
+}
+
+CGFloat UIView::presentedAlpha() const {
+    return animations_.empty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
+}
+
+double UIView::presentedValue(double model) const {
+    return isAnimating(AnimatedProperty::Value) ? presentedValues(AnimatedProperty::Value)[0] : model;
+}
+
+void UIView::willChangeValue(double model, double target) {
+    recordChange(AnimatedProperty::Value, {presentedValue(model)}, {target});
+}
+
+} // namespace UIKit

@@ -1,0 +1,202 @@
+#pragma once
+
+#include "Platform/CoreGraphics/CGContext.h"
+#include "Platform/CoreGraphics/CGGeometry.h"
+#include "Platform/Foundation/NSObject.h"
+#include "Platform/UIKit/Animator.h"
+#include "Platform/UIKit/Autoresizing.h"
+#include "Platform/UIKit/UITouch.h"
+#include "Platform/UIKit/ViewGeometry.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace UIKit {
+
+class UIColor;
+class UIWindow;
+
+/// A rectangle on the screen with views of its own on top. A view owns its subviews and refers weakly to its
+/// superview. Setting a property sets the model, which is what reads see; inside an animation the
+/// presentation, which is what is drawn, travels there. All coordinates are points, y downwards.
+class UIView : public Foundation::NSObject {
+public:
+    static const Foundation::Class& classObject();
+
+    /// A view of no size at the origin.
+    bool init() override;
+    virtual bool init(const CoreGraphics::CGRect& frame);
+
+    /// The rectangle in the superview's coordinates, as it was set while there is no transform; else the
+    /// smallest one around the transformed view. Setting it under a transform moves the centre and sizes the
+    /// bounds to fit.
+    virtual CoreGraphics::CGRect frame() const;
+    virtual void setFrame(const CoreGraphics::CGRect& frame);
+
+    /// The rectangle in the view's own coordinates. A new size keeps the centre and resizes the subviews by
+    /// their autoresizing masks; so does a new frame.
+    virtual CoreGraphics::CGRect bounds() const;
+    virtual void setBounds(const CoreGraphics::CGRect& bounds);
+
+    virtual CoreGraphics::CGPoint center() const;
+    virtual void setCenter(const CoreGraphics::CGPoint& center);
+
+    /// Applied about the centre.
+    virtual const CoreGraphics::CGAffineTransform& transform() const;
+    virtual void setTransform(const CoreGraphics::CGAffineTransform& transform);
+
+    virtual UIViewAutoresizing autoresizingMask() const;
+    virtual void setAutoresizingMask(UIViewAutoresizing mask);
+
+    /// The size that suits the view best in at most `size`; its present one unless a subclass knows better.
+    virtual CoreGraphics::CGSize sizeThatFits(const CoreGraphics::CGSize& size) const;
+
+    /// Takes the size that suits best and keeps the corner.
+    virtual void sizeToFit();
+
+    /// Nothing when it has none, or one that is being torn down.
+    std::shared_ptr<UIView> superview() const;
+
+    /// The window at the top; nothing when there is none.
+    std::shared_ptr<UIWindow> window() const;
+
+    /// From back to front. Copy it before calling anything that may change it.
+    virtual const std::vector<std::shared_ptr<UIView>>& subviews() const;
+
+    /// Puts `view` on top, taking it out of where it was. Adding nothing, the view itself or one that
+    /// contains it is a fatal report.
+    virtual void addSubview(const std::shared_ptr<UIView>& view);
+
+    /// The same at a place among the subviews, 0 at the back; one beyond the end is the top.
+    virtual void insertSubview(const std::shared_ptr<UIView>& view, std::size_t index);
+
+    /// Does nothing for a view that isn't a direct subview.
+    virtual void bringSubviewToFront(const std::shared_ptr<UIView>& view);
+    virtual void sendSubviewToBack(const std::shared_ptr<UIView>& view);
+
+    /// Touches inside are cancelled. Does nothing without a superview.
+    virtual void removeFromSuperview();
+
+    /// True for the view itself too.
+    bool isDescendantOfView(const UIView& view) const;
+
+    /// From 0.0, invisible, to 1.0; kept as given and cut to that range when drawn. The view and what is in
+    /// it fade as one.
+    virtual CoreGraphics::CGFloat alpha() const;
+    virtual void setAlpha(CoreGraphics::CGFloat alpha);
+
+    virtual bool isHidden() const;
+    virtual void setHidden(bool hidden);
+
+    /// A promise to cover the bounds entirely.
+    virtual bool isOpaque() const;
+    virtual void setOpaque(bool opaque);
+
+    /// Nothing by default.
+    virtual std::shared_ptr<UIColor> backgroundColor() const;
+    virtual void setBackgroundColor(const std::shared_ptr<UIColor>& color);
+
+    /// Whether subviews are cut at the bounds.
+    virtual bool clipsToBounds() const;
+    virtual void setClipsToBounds(bool clips);
+
+    /// Whether touches reach the view and what is in it.
+    virtual bool isUserInteractionEnabled() const;
+    virtual void setUserInteractionEnabled(bool enabled);
+
+    /// The frontmost view at `point`, in this view's coordinates, that takes touches: itself, one inside, or
+    /// nothing. Passes over views that are hidden, have an alpha under 0.01, or take no touches.
+    virtual std::shared_ptr<UIView> hitTest(const CoreGraphics::CGPoint& point);
+    virtual bool pointInside(const CoreGraphics::CGPoint& point) const;
+
+    /// From this view's coordinates to another's of the same tree. Through a view that is scaled to a line or
+    /// a point nothing comes back: the result is the origin.
+    CoreGraphics::CGPoint convertPointToView(const CoreGraphics::CGPoint& point, const UIView& view) const;
+    CoreGraphics::CGRect convertRectToView(const CoreGraphics::CGRect& rect, const UIView& view) const;
+
+    /// The steps of a touch that went down on this view. Handed on to the superview unless overridden. May
+    /// tear down anything.
+    virtual void touchesBegan(const UITouch& touch);
+    virtual void touchesMoved(const UITouch& touch);
+    virtual void touchesEnded(const UITouch& touch);
+    virtual void touchesCancelled(const UITouch& touch);
+
+    /// Draws the view's own content between its background and its subviews, in its own coordinates. Must not
+    /// change any view.
+    virtual void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect);
+
+    /// Marks the content as changed. Property changes do so by themselves.
+    void setNeedsDisplay();
+
+    /// Runs `animations` at once and lets the properties that it changes travel to their new values: after
+    /// `delay`, over `duration` (both in seconds; none if they are negative or not a number). `completion` is
+    /// called exactly once, in a later turn of the current run loop: with true when the time has passed or at
+    /// the next turn where nothing changed; with false when another change took one of the properties over or
+    /// a view is gone. Frame, bounds, centre, transform, alpha and plain background colours travel. A
+    /// property that is set outside an animation is there at once.
+    static void animateWithDuration(double duration, double delay, UIViewAnimationOptions options,
+                                    const std::function<void()>& animations,
+                                    std::function<void(bool finished)> completion = nullptr);
+
+protected:
+    void dealloc() override;
+
+    /// Called after the view came under another window or under none.
+    virtual void didMoveToWindow() {}
+
+    /// A number that a subclass animates: what it shows at present, given its model value.
+    double presentedValue(double model) const;
+
+    /// Call before changing that number: records its way from what is shown to `target` if an animation is
+    /// being made.
+    void willChangeValue(double model, double target);
+
+private:
+    friend class Animator;
+    friend class UIWindow;
+    friend class ViewRenderer;
+
+    AnimatedValues modelValues(AnimatedProperty property) const;
+    AnimatedValues presentedValues(AnimatedProperty property) const;
+    ViewGeometry presentedGeometry() const;
+    CoreGraphics::CGFloat presentedAlpha() const;
+    bool isAnimating(AnimatedProperty property) const;
+
+    template <class Change>
+    void change(AnimatedProperty property, Change&& change);
+    void recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to);
+    void dropAnimation(AnimatedProperty property);
+    void dropAnimations(const AnimationGroup& group);
+
+    void setGeometry(const ViewGeometry& geometry);
+    void resizeSubviews(const CoreGraphics::CGSize& oldSize);
+
+    bool isVisible() const;
+    void invalidateExtent();
+    void invalidateRect(const CoreGraphics::CGRect& rect);
+    CoreGraphics::CGRect presentedExtent() const;
+
+    UIWindow* containingWindow() const;
+    void detach();
+    void notifyMovedToWindow();
+    CoreGraphics::CGAffineTransform toRoot() const;
+
+    ViewGeometry geometry_;
+    CoreGraphics::CGFloat alpha_ = 1.0;
+    std::shared_ptr<UIColor> backgroundColor_;
+    UIViewAutoresizing autoresizingMask_ = UIViewAutoresizingNone;
+    bool isHidden_ = false;
+    bool isOpaque_ = false;
+    bool clipsToBounds_ = false;
+    bool isUserInteractionEnabled_ = true;
+    bool isWindow_ = false;
+
+    // Cleared by the superview when it goes.
+    UIView* superview_ = nullptr;
+    std::vector<std::shared_ptr<UIView>> subviews_;
+    std::vector<PropertyAnimation> animations_;
+};
+
+} // namespace UIKit

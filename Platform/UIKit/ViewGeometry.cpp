@@ -1,0 +1,62 @@
+#include "Platform/UIKit/ViewGeometry.h"
+
+#include <cmath>
+
+namespace UIKit {
+
+using namespace CoreGraphics;
+
+CGRect ViewGeometry::frame() const {
+    if (CGAffineTransformIsIdentity(transform_)) {
+        return box_;
+    }
+    return CGRectApplyAffineTransform(bounds(), toSuperview());
+}
+
+void ViewGeometry::setFrame(const CGRect& frame) {
+    if (CGAffineTransformIsIdentity(transform_)) {
+        box_ = frame;
+        return;
+    }
+    if (const std::optional<CGAffineTransform> inverse = CGAffineTransformInvert(transform_)) {
+        const CGSize size =
+            CGSizeApplyAffineTransform({CGRectGetWidth(frame), CGRectGetHeight(frame)}, *inverse);
+        box_.size = {std::abs(size.width), std::abs(size.height)};
+    }
+    setCenter({CGRectGetMidX(frame), CGRectGetMidY(frame)});
+}
+
+void ViewGeometry::setBounds(const CGRect& bounds) {
+    boundsOrigin_ = bounds.origin;
+    if (bounds.size != box_.size) {
+        const CGPoint middle = center();
+        box_.size = bounds.size;
+        setCenter(middle);
+    }
+}
+
+CGPoint ViewGeometry::center() const {
+    return {box_.origin.x + box_.size.width / 2.0, box_.origin.y + box_.size.height / 2.0};
+}
+
+void ViewGeometry::setCenter(const CGPoint& center) {
+    box_.origin = {center.x - box_.size.width / 2.0, center.y - box_.size.height / 2.0};
+}
+
+CGAffineTransform ViewGeometry::toSuperview() const {
+    if (CGAffineTransformIsIdentity(transform_)) {
+        return CGAffineTransformMakeTranslation(box_.origin.x - boundsOrigin_.x,
+                                                box_.origin.y - boundsOrigin_.y);
+    }
+    const CGAffineTransform toCenter = CGAffineTransformMakeTranslation(
+        -boundsOrigin_.x - box_.size.width / 2.0, -boundsOrigin_.y - box_.size.height / 2.0);
+    const CGPoint middle = center();
+    return CGAffineTransformConcat(CGAffineTransformConcat(toCenter, transform_),
+                                   CGAffineTransformMakeTranslation(middle.x, middle.y));
+}
+
+std::optional<CGAffineTransform> ViewGeometry::fromSuperview() const {
+    return CGAffineTransformInvert(toSuperview());
+}
+
+} // namespace UIKit

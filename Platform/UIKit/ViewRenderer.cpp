@@ -1,0 +1,65 @@
+#include "Platform/UIKit/ViewRenderer.h"
+
+#include "Platform/UIKit/UIColor.h"
+#include "Platform/UIKit/UIImage.h"
+#include "Platform/UIKit/UIView.h"
+
+namespace UIKit {
+
+using namespace CoreGraphics;
+
+void ViewRenderer::drawContents(UIView& view, const CGRect& dirty) {
+    const CGRect bounds = view.presentedGeometry().bounds();
+    if (view.clipsToBounds_) {
+        context_.clipToRect(bounds);
+    }
+    if (CGRectIntersectsRect(bounds, dirty)) {
+        drawBackground(view, bounds);
+        view.drawRect(context_, dirty);
+    }
+    for (const std::shared_ptr<UIView>& subview : view.subviews_) {
+        drawSubview(*subview, dirty);
+    }
+}
+
+void ViewRenderer::drawSubview(UIView& view, const CGRect& dirtyInSuperview) {
+    if (!view.isVisible()) {
+        return;
+    }
+    const CGAffineTransform outwards = view.presentedGeometry().toSuperview();
+    const std::optional<CGAffineTransform> inwards = CGAffineTransformInvert(outwards);
+    if (!inwards) {
+        return;
+    }
+    const CGRect dirty = CGRectApplyAffineTransform(dirtyInSuperview, *inwards);
+    const CGRect extent = view.presentedExtent();
+    if (!CGRectIntersectsRect(extent, dirty)) {
+        return;
+    }
+    const CGFloat alpha = view.presentedAlpha();
+    context_.saveState();
+    context_.concatenate(outwards);
+    if (alpha < 1.0) {
+        context_.beginGroup(alpha, extent);
+        drawContents(view, dirty);
+        context_.endGroup();
+    } else {
+        drawContents(view, dirty);
+    }
+    context_.restoreState();
+}
+
+void ViewRenderer::drawBackground(const UIView& view, const CGRect& bounds) {
+    if (const UIColor* color = view.backgroundColor_.get()) {
+        if (color->patternImage()) {
+            context_.fillPattern(color->patternImage()->drawing(), bounds);
+            return;
+        }
+    }
+    const AnimatedValues values = view.presentedValues(AnimatedProperty::BackgroundColor);
+    if (values[3] > 0.0) {
+        context_.fillRect(bounds, {values[0], values[1], values[2], values[3]});
+    }
+}
+
+} // namespace UIKit

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Platform/CoreGraphics/CGContext.h"
+
+namespace UIKit {
+
+class UIView;
+
+/// Draws a view tree as its animations show it at present. Allocates nothing.
+class ViewRenderer {
+public:
+    explicit ViewRenderer(CoreGraphics::CGContext& context) : context_(context) {}
+
+    /// Draws a view's background, content and subviews where they meet `dirty`, all in the view's own
+    /// coordinates.
+    void drawContents(UIView& view, const CoreGraphics::CGRect& dirty);
+
+private:
+    void drawSubview(UIView& view, const CoreGraphics::CGRect& dirtyInSuperview);
+    void drawBackground(const UIView& view, const CoreGraphics::CGRect& bounds);
+
+    CoreGraphics::CGContext& context_;
+};
+
+} // namespace UIKit

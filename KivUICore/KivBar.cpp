@@ -1,0 +1,309 @@
+#include "KivUICore/KivBar.h"
+
+#include "KivUICore/Bottom/BottomBar.h"
+#include "KivUICore/UIComponent/SeekBar.h"
+#include "KivUICore/UIElement/UIElement.h"
+#include "Platform/Foundation/ClassBuilder.h"
+#include "Platform/Foundation/FatalError.h"
+#include "Platform/MediaPlayer/MPVolumeView.h"
+#include "Platform/UIKit/UIColor.h"
+#include "Platform/UIKit/UIGraphics.h"
+#include "Platform/UIKit/UIImage.h"
+
+namespace KivUICore {
+
+using namespace CoreGraphics;
+using Foundation::make;
+using Foundation::NSTimer;
+using UIKit::UIColor;
+using UIKit::UIImage;
+using UIKit::UIView;
+
+namespace {
+
+constexpr double animationDuration = 0.5;
+constexpr UIKit::UIViewAnimationOptions animationOptions = UIKit::UIViewAnimationOptionCurveEaseIn;
+constexpr CGFloat routeButtonWidth = 44.0;
+
+// The frame of the slot at `index` in a bar of the given size, starting at `x`, which moves on to where the
+// next one starts. The second slot is wider than its advance and reaches under its neighbour.
+CGRect relaidSlot(std::size_t index, const CGSize& bar, CGFloat& x) {
+    const CGFloat start = x;
+    if (index == 1) {
+        x += bar.width / 12.0 * 6.0;
+        return CGRectMake(start, 0.0, bar.width / 10.0 * 6.0, bar.height);
+    }
+    x += 2.0 * bar.width / 12.0;
+    return CGRectMake(start, 0.0, 2.0 * bar.width / 12.0, bar.height);
+}
+
+template <class Value>
+const Value& required(const std::optional<Value>& value) {
+    if (!value) {
+        Foundation::stopSilently();
+    }
+    return *value;
+}
+
+} // namespace
+
+const Foundation::Class& KivBar::classObject() {
+    using View = const std::shared_ptr<UIView>&;
+    static const Foundation::Class& object =
+        Foundation::ClassBuilder<KivBar, NSObject>("KivUICore.KivBar")
+            .property<&KivBar::superview, &KivBar::setSuperview>("superview")
+            .property<&KivBar::view, &KivBar::setView>("view")
+            .property<&KivBar::autoHideTimer, &KivBar::setAutoHideTimer>("autoHideTimer")
+            .property<&KivBar::delay, &KivBar::setDelay>("delay")
+            .property<&KivBar::columns>("columns")
+            .classProperty<&KivBar::barHeight>("barHeight")
+            .initializer<View, const CGRect&>("initWithSuperview:frame:")
+            .initializer<View, const CGRect&, const std::shared_ptr<UIColor>&>(
+                "initWithSuperview:frame:backgroundColor:")
+            .initializer<View, const CGRect&, const std::shared_ptr<UIImage>&>(
+                "initWithSuperview:frame:backgroundImage:")
+            .initializer<View, View>("initWithSuperview:view:")
+            .method<&KivBar::setAutoHide>("setAutoHide:")
+            .method<&KivBar::resetAutoHide>("resetAutoHide")
+            .method<&KivBar::setBackgroundColor>("setBackgroundColor:")
+            .method<&KivBar::setBackgroundImage>("setBackgroundImage:")
+            .method<&KivBar::hide>("hide")
+            .method<&KivBar::show>("show")
+            .method<&KivBar::updateBarFrameWithFrame>("updateBarFrameWithFrame:")
+            .method<&KivBar::addElementToView>("addElementToView:size:")
+            .method<&KivBar::clean>("clean")
+            .build();
+    return object;
+}
+
+std::shared_ptr<UIView> KivBar::superview() const { return superview_; }
+
+void KivBar::setSuperview(const std::shared_ptr<UIView>& superview) { superview_ = superview; }
+
+std::shared_ptr<UIView> KivBar::view() const { return view_; }
+
+void KivBar::setView(const std::shared_ptr<UIView>& view) { view_ = view; }
+
+std::shared_ptr<NSTimer> KivBar::autoHideTimer() const { return autoHideTimer_; }
+
+void KivBar::setAutoHideTimer(const std::shared_ptr<NSTimer>& timer) { autoHideTimer_ = timer; }
+
+double KivBar::delay() const { return delay_; }
+
+void KivBar::setDelay(double delay) { delay_ = delay; }
+
+std::optional<KivBar::Elemets> KivBar::elemets() const { return elemets_; }
+
+void KivBar::setElemets(const std::optional<Elemets>& elemets) { elemets_ = elemets; }
+
+std::optional<CGFloat> KivBar::columnSize() const { return columnSize_; }
+
+void KivBar::setColumnSize(const std::optional<CGFloat>& columnSize) { columnSize_ = columnSize; }
+
+std::optional<CGRect> KivBar::barFrame() const { return barFrame_; }
+
+void KivBar::setBarFrame(const std::optional<CGRect>& barFrame) { barFrame_ = barFrame; }
+
+// Construction
+
+bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame) {
+    barFrame_ = frame;
+    columnSize_ = CGRectGetWidth(frame) / columns_;
+    superview_ = superview;
+    view_ = make<UIView>(frame);
+    superview_->addSubview(view_);
+    view_->setBackgroundColor(make<UIColor>(0.0, 0.0, 0.0, 0.65));
+    return NSObject::init();
+}
+
+bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
+                  const std::shared_ptr<UIColor>& backgroundColor) {
+    superview_ = superview;
+    view_ = make<UIView>(frame);
+    superview_->addSubview(view_);
+    superview_->bringSubviewToFront(view_);
+    view_->setBackgroundColor(backgroundColor);
+    return NSObject::init();
+}
+
+bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
+                  const std::shared_ptr<UIImage>& backgroundImage) {
+    superview_ = superview;
+    view_ = make<UIView>(frame);
+    superview_->addSubview(view_);
+    superview_->bringSubviewToFront(view_);
+    view_->setBackgroundColor(make<UIColor>(backgroundImage));
+    return NSObject::init();
+}
+
+bool KivBar::init(const std::shared_ptr<UIView>& superview, const std::shared_ptr<UIView>& view) {
+    view_ = view;
+    superview_ = superview;
+    return NSObject::init();
+}
+
+bool KivBar::init() { Foundation::unimplementedInitializer("init()", "KivUICore.KivBar"); }
+
+void KivBar::dealloc() {
+    clean();
+    NSObject::dealloc();
+}
+
+// Background
+
+void KivBar::setBackgroundColor(const std::shared_ptr<UIColor>& color) { view()->setBackgroundColor(color); }
+
+void KivBar::setBackgroundImage(const std::shared_ptr<UIImage>& image) {
+    UIKit::UIGraphicsBeginImageContext(view()->frame().size);
+    if (!image) {
+        return;
+    }
+    image->drawInRect(view()->bounds());
+    const std::shared_ptr<UIImage> stretched = UIKit::UIGraphicsGetImageFromCurrentImageContext();
+    if (!stretched) {
+        Foundation::stopSilently();
+    }
+    UIKit::UIGraphicsEndImageContext();
+    view()->setBackgroundColor(make<UIColor>(stretched));
+    view()->setOpaque(true);
+}
+
+// Auto-hide and fade
+
+void KivBar::setAutoHide(double delay) {
+    static const Foundation::SEL hide("hide");
+    setDelay(delay);
+    setAutoHideTimer(NSTimer::scheduledTimerWithTimeInterval(delay, self(this), hide, nullptr, false));
+}
+
+void KivBar::resetAutoHide() {
+    if (!(delay() > 0.0)) {
+        return;
+    }
+    if (const std::shared_ptr<NSTimer> timer = autoHideTimer()) {
+        timer->invalidate();
+    }
+    setAutoHideTimer(nullptr);
+    setAutoHide(delay());
+}
+
+void KivBar::hide() {
+    if (view()->alpha() != 0.0) {
+        handleAnimationWithAlpha(0.0);
+    }
+}
+
+void KivBar::show() {
+    if (view()->alpha() != 1.0) {
+        handleAnimationWithAlpha(1.0);
+    }
+}
+
+void KivBar::handleAnimationWithAlpha(CGFloat alpha) {
+    const std::shared_ptr<KivBar> bar = self(this);
+    UIView::animateWithDuration(
+        animationDuration, 0.0, animationOptions,
+        [bar, alpha] {
+            const std::shared_ptr<UIView> container = bar->view();
+            container->setAlpha(alpha);
+            const std::vector<std::shared_ptr<UIView>> subviews = container->subviews();
+            for (const std::shared_ptr<UIView>& subview : subviews) {
+                subview->setAlpha(alpha);
+            }
+        },
+        [bar](bool /*finished*/) { bar->resetAutoHide(); });
+}
+
+// Column layout
+
+void KivBar::updateBarFrameWithFrame(const CGRect& frame) {
+    const CGFloat y = isKindOfClass(BottomBar::classObject()) ? CGRectGetHeight(frame) - barHeight() : 0.0;
+    const CGRect barRect = CGRectMake(0.0, y, CGRectGetWidth(frame), barHeight());
+    const auto layOut = [bar = self(this), barRect] {
+        bar->view()->setFrame(barRect);
+        const std::vector<std::shared_ptr<UIView>> slots = bar->view()->subviews();
+        CGFloat x = 0.0;
+        for (std::size_t index = 0; index < slots.size(); ++index) {
+            slots[index]->setFrame(relaidSlot(index, barRect.size, x));
+        }
+    };
+    UIView::animateWithDuration(animationDuration, 0.0, animationOptions, layOut, [](bool /*finished*/) {});
+}
+
+CGFloat KivBar::getCurrentWidth() const {
+    CGFloat width = 0.0;
+    for (const std::shared_ptr<UIElement>& element : elemets().value_or(Elemets())) {
+        width += static_cast<CGFloat>(element->size()) * required(columnSize());
+    }
+    return width;
+}
+
+void KivBar::addElementToView(const std::shared_ptr<UIComponent>& component, std::int64_t size) {
+    if (elemets()) {
+        placeFurther(component, size);
+    } else {
+        placeFirst(component, size);
+    }
+}
+
+void KivBar::placeFirst(const std::shared_ptr<UIComponent>& component, std::int64_t size) {
+    setElemets(Elemets());
+    const CGRect slotFrame = CGRectMake(0.0, 0.0, static_cast<CGFloat>(size) * required(columnSize()),
+                                        required(barFrame()).size.height);
+    const std::shared_ptr<UIView> slot = make<UIView>(slotFrame);
+    if (const std::shared_ptr<UIView> control = component->view()) {
+        control->setFrame(slotFrame);
+        slot->addSubview(control);
+    }
+    finishPlacing(slot, component, size);
+}
+
+void KivBar::placeFurther(const std::shared_ptr<UIComponent>& component, std::int64_t size) {
+    const CGFloat width = static_cast<CGFloat>(size) * required(columnSize());
+    const CGFloat height = CGRectGetHeight(required(barFrame()));
+    const std::shared_ptr<UIView> slot = make<UIView>(CGRectMake(getCurrentWidth(), 0.0, width, height));
+    const std::shared_ptr<SeekBar> seekBar = Foundation::as<SeekBar>(component);
+    const CGFloat roomForRouteButton = seekBar ? routeButtonWidth : 0.0;
+    if (const std::shared_ptr<UIView> control = component->view()) {
+        control->setFrame(CGRectMake(0.0, 0.0, width - roomForRouteButton, height));
+        slot->addSubview(control);
+    }
+    if (const std::shared_ptr<UIView> routeButton = seekBar ? seekBar->airplayButton() : nullptr) {
+        const CGRect frame = routeButton->frame();
+        routeButton->setFrame(
+            CGRectMake(width - routeButtonWidth, frame.origin.y, frame.size.width, frame.size.height));
+        slot->addSubview(routeButton);
+    }
+    finishPlacing(slot, component, size);
+}
+
+void KivBar::finishPlacing(const std::shared_ptr<UIView>& slot, const std::shared_ptr<UIComponent>& component,
+                           std::int64_t size) {
+    slot->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleRightMargin);
+    view()->addSubview(slot);
+    Elemets placed = elemets().value_or(Elemets());
+    placed.push_back(std::make_shared<UIElement>(component, size));
+    setElemets(placed);
+}
+
+void KivBar::clean() {
+    if (const std::shared_ptr<NSTimer> timer = autoHideTimer()) {
+        timer->invalidate();
+    }
+    setAutoHideTimer(nullptr);
+    const std::optional<Elemets> placed = elemets();
+    if (!placed) {
+        return;
+    }
+    for (const std::shared_ptr<UIElement>& element : *placed) {
+        const std::shared_ptr<UIComponent>& component = element->view();
+        component->setObserver(nullptr);
+        if (const std::shared_ptr<UIView> control = component->view()) {
+            control->removeFromSuperview();
+        }
+    }
+    setElemets(Elemets());
+    setElemets(std::nullopt);
+}
+
+} // namespace KivUICore

@@ -1,0 +1,52 @@
+#include "KivUICore/TopBar/TopBar.h"
+
+#include "Platform/Foundation/ClassBuilder.h"
+#include "Platform/Foundation/FatalError.h"
+
+namespace KivUICore {
+
+using namespace CoreGraphics;
+using UIKit::UIView;
+
+namespace {
+
+[[noreturn]] void refuse(std::string_view initializer) {
+    Foundation::unimplementedInitializer(initializer, "KivUICore.TopBar");
+}
+
+} // namespace
+
+const Foundation::Class& TopBar::classObject() {
+    using View = const std::shared_ptr<UIView>&;
+    static const Foundation::Class& object = Foundation::ClassBuilder<TopBar, KivBar>("KivUICore.TopBar")
+                                                 .initializer<View>("initWithSuperview:")
+                                                 .initializer<View, CGFloat>("initWithSuperview:height:")
+                                                 .build();
+    return object;
+}
+
+bool TopBar::init(const std::shared_ptr<UIView>& superview) { return init(superview, barHeight()); }
+
+bool TopBar::init(const std::shared_ptr<UIView>& superview, CGFloat height) {
+    return KivBar::init(superview, CGRectMake(0.0, 0.0, CGRectGetWidth(superview->frame()), height));
+}
+
+bool TopBar::init(const std::shared_ptr<UIView>& /*superview*/, const CGRect& /*frame*/) {
+    refuse("init(superview:frame:)");
+}
+
+bool TopBar::init(const std::shared_ptr<UIView>& /*superview*/, const CGRect& /*frame*/,
+                  const std::shared_ptr<UIKit::UIColor>& /*backgroundColor*/) {
+    refuse("init(superview:frame:backgroundColor:)");
+}
+
+bool TopBar::init(const std::shared_ptr<UIView>& /*superview*/, const CGRect& /*frame*/,
+                  const std::shared_ptr<UIKit::UIImage>& /*backgroundImage*/) {
+    refuse("init(superview:frame:backgroundImage:)");
+}
+
+bool TopBar::init(const std::shared_ptr<UIView>& /*superview*/, const std::shared_ptr<UIView>& /*view*/) {
+    refuse("init(superview:view:)");
+}
+
+} // namespace KivUICore

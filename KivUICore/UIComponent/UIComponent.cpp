@@ -1,0 +1,30 @@
+#include "KivUICore/UIComponent/UIComponent.h"
+
+#include "Platform/Foundation/ClassBuilder.h"
+
+namespace KivUICore {
+
+const Foundation::Class& UIComponent::classObject() {
+    static const Foundation::Class& object =
+        Foundation::ClassBuilder<UIComponent, NSObject>("KivUICore.UIComponent")
+            .property<&UIComponent::view, &UIComponent::setView>("view")
+            .property<&UIComponent::observer, &UIComponent::setObserver>("observer")
+            .build();
+    return object;
+}
+
+std::shared_ptr<UIKit::UIView> UIComponent::view() const { return view_; }
+
+void UIComponent::setView(const std::shared_ptr<UIKit::UIView>& view) { view_ = view; }
+
+std::shared_ptr<UIEventObserver> UIComponent::observer() const { return observer_; }
+
+void UIComponent::setObserver(const std::shared_ptr<UIEventObserver>& observer) { observer_ = observer; }
+
+bool UIComponent::init() {
+    view_ = nullptr;
+    observer_ = nullptr;
+    return NSObject::init();
+}
+
+} // namespace KivUICore

@@ -1,0 +1,10 @@
+#include "KivUICore/UIElement/UIElement.h"
+
+#include <utility>
+
+namespace KivUICore {
+
+UIElement::UIElement(std::shared_ptr<UIComponent> view, std::int64_t size)
+    : size_(size), view_(std::move(view)) {}
+
+} // namespace KivUICore

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "Hosts/Desktop/CairoResources.h"
+#include "Hosts/Desktop/Compositor.h"
+#include "Hosts/Desktop/OverlaySurface.h"
+#include "Hosts/Desktop/TouchInput.h"
+#include "Platform/UIKit/UIWindow.h"
+
+#include <SDL.h>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace Desktop {
+
+class FilmSource;
+
+/// A window on the desktop with a film in it and views over the film. Feeds the views with touches and sizes,
+/// and draws.
+class DesktopWindow {
+public:
+    enum class Drawing { Automatic, OpenGL, Software };
+
+    struct Settings {
+        std::string title;
+
+        /// In points.
+        CoreGraphics::CGSize size;
+
+        /// Pixels a point; what the screen says when not given.
+        std::optional<double> scale;
+        Drawing drawing = Drawing::Automatic;
+    };
+
+    /// Shows the window. Null when there is no display, or no way to draw on it; `problem` then says which.
+    /// `film` outlives the window.
+    static std::unique_ptr<DesktopWindow> open(const Settings& settings, FilmSource& film,
+                                               std::string& problem);
+
+    DesktopWindow(const DesktopWindow&) = delete;
+    DesktopWindow& operator=(const DesktopWindow&) = delete;
+    ~DesktopWindow();
+
+    /// The root of the views, as large as the window and transparent.
+    const std::shared_ptr<UIKit::UIWindow>& views() const { return views_; }
+
+    /// Called after `views` took another size, and when a person wants the window closed or presses a key.
+    void setResizeHandler(std::function<void()> handler) { onResize_ = std::move(handler); }
+    void setCloseHandler(std::function<void()> handler) { onClose_ = std::move(handler); }
+    void setKeyHandler(std::function<void(SDL_Keycode key)> handler) { onKey_ = std::move(handler); }
+
+    /// Takes in one event of SDL's. A change of size waits for `settle`.
+    void handle(const SDL_Event& event);
+
+    /// Call it once the events at hand are handled: a window that is being dragged larger is laid out once
+    /// for many events.
+    void settle();
+
+    /// True when what is shown is out of date, the film's new frames aside.
+    bool needsDisplay() const { return needsDisplay_ || views_->needsDisplay(); }
+
+    /// Shows what has changed in the views and the film.
+    void display();
+
+    /// Frames a second that the screen shows.
+    double refreshRate() const;
+
+private:
+    struct VideoSystem {
+        bool isStarted;
+
+        VideoSystem();
+        ~VideoSystem();
+    };
+    struct WindowRelease {
+        void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+    };
+
+    DesktopWindow(const Settings& settings, FilmSource& film);
+
+    bool makeWindow(Uint32 flags);
+    bool makeCompositor();
+    PixelSize pixelSize() const;
+    void handleWindowEvent(const SDL_WindowEvent& event);
+
+    Settings settings_;
+    FilmSource& film_;
+    VideoSystem video_;
+    std::unique_ptr<SDL_Window, WindowRelease> window_;
+    std::unique_ptr<Compositor> compositor_;
+
+    double scale_ = 1.0;
+    std::shared_ptr<UIKit::UIWindow> views_;
+    TouchInput input_;
+    CairoResources resources_;
+    std::optional<OverlaySurface> overlay_;
+    bool needsDisplay_ = true;
+
+    std::function<void()> onResize_ = [] {};
+    std::function<void()> onClose_ = [] {};
+    std::function<void(SDL_Keycode)> onKey_ = [](SDL_Keycode) {};
+};
+
+} // namespace Desktop

@@ -1,0 +1,84 @@
+#include "Hosts/Desktop/EventLoop.h"
+
+#include "Hosts/Desktop/DesktopWindow.h"
+#include "Hosts/Desktop/FilmSource.h"
+#include "Platform/Foundation/NSRunLoop.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace Desktop {
+
+EventLoop::EventLoop(Foundation::NSRunLoop& runLoop, DesktopWindow& window, FilmSource& film,
+                     std::function<void()> onWakeUp)
+    : runLoop_(runLoop), window_(window), film_(film), onWakeUp_(std::move(onWakeUp)),
+      wakeUpEvent_(SDL_RegisterEvents(1)) {
+    film_.setWakeUp([this] { wakeUp(); });
+}
+
+EventLoop::~EventLoop() {
+    film_.setWakeUp([] {});
+}
+
+void EventLoop::run() {
+    while (!isStopped_) {
+        waitForEvents();
+        window_.settle();
+        runLoop_.turn();
+        displayIfDue();
+    }
+}
+
+// Called on the film's threads, and often: one event in the queue is enough.
+void EventLoop::wakeUp() {
+    if (!isWakeUpPending_.exchange(true)) {
+        SDL_Event event{};
+        event.type = wakeUpEvent_;
+        SDL_PushEvent(&event);
+    }
+}
+
+void EventLoop::waitForEvents() {
+    constexpr double longestWait = 1e6;
+    const double seconds = timeUntilNextWork();
+    // Rounded up, or the loop would spin through the last fraction of a millisecond.
+    const int milliseconds = seconds > longestWait ? -1 : static_cast<int>(std::ceil(seconds * 1000.0));
+    SDL_Event event;
+    for (int found = SDL_WaitEventTimeout(&event, milliseconds); found != 0 && !isStopped_;
+         found = SDL_PollEvent(&event)) {
+        handle(event);
+    }
+}
+
+void EventLoop::handle(const SDL_Event& event) {
+    if (event.type == wakeUpEvent_) {
+        isWakeUpPending_ = false;
+        onWakeUp_();
+    } else {
+        window_.handle(event);
+    }
+}
+
+double EventLoop::timeUntilNextWork() {
+    double seconds = runLoop_.timeUntilNextWork().value_or(std::numeric_limits<double>::infinity());
+    if (hasNewPicture()) {
+        seconds = std::min(seconds, std::max(0.0, nextPicture_ - runLoop_.now()));
+    }
+    return seconds;
+}
+
+bool EventLoop::hasNewPicture() { return window_.needsDisplay() || film_.hasNewFrame(); }
+
+void EventLoop::displayIfDue() {
+    const double now = runLoop_.now();
+    if (now < nextPicture_ || !hasNewPicture()) {
+        return;
+    }
+    // A little early rather than a frame late.
+    constexpr double haste = 0.9;
+    nextPicture_ = now + haste / window_.refreshRate();
+    window_.display();
+}
+
+} // namespace Desktop

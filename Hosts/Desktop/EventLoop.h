@@ -1,0 +1,49 @@
+#pragma once
+
+#include <SDL.h>
+#include <atomic>
+#include <functional>
+
+namespace Foundation {
+class NSRunLoop;
+} // namespace Foundation
+
+namespace Desktop {
+
+class DesktopWindow;
+class FilmSource;
+
+/// Runs a window: sleeps until there is an event, a frame of the film, or work for the run loop, and shows
+/// what came of it, in one picture for all and no faster than the screen. The film wakes it while it exists.
+class EventLoop {
+public:
+    /// All outlive the loop. `onWakeUp` is called in the loop after the film woke it.
+    EventLoop(Foundation::NSRunLoop& runLoop, DesktopWindow& window, FilmSource& film,
+              std::function<void()> onWakeUp);
+    EventLoop(const EventLoop&) = delete;
+    EventLoop& operator=(const EventLoop&) = delete;
+    ~EventLoop();
+
+    /// Returns after `stop` was called.
+    void run();
+    void stop() { isStopped_ = true; }
+
+private:
+    void wakeUp();
+    void waitForEvents();
+    void handle(const SDL_Event& event);
+    void displayIfDue();
+    double timeUntilNextWork();
+    bool hasNewPicture();
+
+    Foundation::NSRunLoop& runLoop_;
+    DesktopWindow& window_;
+    FilmSource& film_;
+    std::function<void()> onWakeUp_;
+    Uint32 wakeUpEvent_;
+    std::atomic<bool> isWakeUpPending_ = false;
+    bool isStopped_ = false;
+    double nextPicture_ = 0.0;
+};
+
+} // namespace Desktop

@@ -1,0 +1,47 @@
+#include "Hosts/Desktop/OverlaySurface.h"
+
+#include "Platform/UIKit/UIWindow.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Desktop {
+
+namespace {
+
+using namespace CoreGraphics;
+
+PixelRect pixelsAround(const CGRect& rect, double scale, const PixelSize& size) {
+    const auto outwards = [scale](double low, double high, int limit) {
+        // What touches a pixel by a rounding error only leaves it as it was.
+        constexpr double tolerance = 1e-6;
+        const double first = std::clamp(std::floor(low * scale + tolerance), 0.0, static_cast<double>(limit));
+        const double end = std::clamp(std::ceil(high * scale - tolerance), first, static_cast<double>(limit));
+        return std::pair(static_cast<int>(first), static_cast<int>(end));
+    };
+    const auto [left, right] = outwards(CGRectGetMinX(rect), CGRectGetMaxX(rect), size.width);
+    const auto [top, bottom] = outwards(CGRectGetMinY(rect), CGRectGetMaxY(rect), size.height);
+    return {left, top, right - left, bottom - top};
+}
+
+} // namespace
+
+OverlaySurface::OverlaySurface(const PixelSize& size, double scale, CairoResources& resources)
+    : size_(size), scale_(scale),
+      surface_(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, size.width, size.height)),
+      context_(surface_.get(), scale, resources) {}
+
+std::span<const PixelRect> OverlaySurface::draw(UIKit::UIWindow& window) {
+    changed_.clear();
+    for (const CGRect& rect : window.damage().rects()) {
+        const PixelRect pixels = pixelsAround(rect, scale_, size_);
+        if (pixels.width > 0 && pixels.height > 0) {
+            changed_.push_back(pixels);
+        }
+    }
+    window.display(context_);
+    cairo_surface_flush(surface_.get());
+    return changed_;
+}
+
+} // namespace Desktop

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Hosts/Desktop/CairoContext.h"
+#include "Hosts/Desktop/CairoHandles.h"
+#include "Hosts/Desktop/PixelGeometry.h"
+
+#include <span>
+#include <vector>
+
+namespace UIKit {
+class UIWindow;
+} // namespace UIKit
+
+namespace Desktop {
+
+/// A window's views as premultiplied pixels, transparent where no view is.
+class OverlaySurface {
+public:
+    /// `size` is not empty; `scale` is pixels a point; `resources` outlives the surface.
+    OverlaySurface(const PixelSize& size, double scale, CairoResources& resources);
+
+    const PixelSize& size() const { return size_; }
+    cairo_surface_t* surface() const { return surface_.get(); }
+
+    /// Draws what `window` needs drawn, and says which pixels that changed. Valid until the next call.
+    std::span<const PixelRect> draw(UIKit::UIWindow& window);
+
+private:
+    PixelSize size_;
+    double scale_;
+    CairoSurface surface_;
+    CairoContext context_;
+    std::vector<PixelRect> changed_;
+};
+
+} // namespace Desktop

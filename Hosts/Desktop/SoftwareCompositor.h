@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Hosts/Desktop/CairoHandles.h"
+#include "Hosts/Desktop/Compositor.h"
+#include "Hosts/Desktop/FilmPixels.h"
+
+#include <SDL.h>
+#include <memory>
+#include <vector>
+
+namespace Desktop {
+
+class FilmSource;
+
+/// Composes in memory: where there is no OpenGL, or where the processor would have to do its work.
+class SoftwareCompositor final : public Compositor {
+public:
+    /// Null when the film can't be drawn in memory. Both outlive the compositor.
+    static std::unique_ptr<SoftwareCompositor> create(SDL_Window& window, FilmSource& film);
+    ~SoftwareCompositor() override;
+
+    void resize(const PixelSize& size) override;
+    void show(const OverlaySurface& overlay, std::span<const PixelRect> changed) override;
+    void invalidate() override { isAllChanged_ = true; }
+
+private:
+    SoftwareCompositor(SDL_Window& window, FilmSource& film) : window_(window), film_(film) {}
+
+    void compose(const OverlaySurface& overlay, std::span<const PixelRect> parts);
+    void present(std::span<const PixelRect> parts);
+
+    SDL_Window& window_;
+    FilmSource& film_;
+    FilmPixels filmPixels_;
+    CairoSurface composed_;
+    bool isAllChanged_ = true;
+    bool isFilmStale_ = true;
+    std::vector<SDL_Rect> rects_;
+};
+
+} // namespace Desktop

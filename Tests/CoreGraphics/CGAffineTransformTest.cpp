@@ -88,6 +88,7 @@ TEST(CGAffineTransform, ConcatWithItsInverseIsTheIdentityFromBothSides) {
                                                     CGAffineTransformMakeScale(0.8, -4),
                                                     CGAffineTransformMakeRotation(2.5),
                                                     {2, 3, 5, 7, 11, 13},
+                                                    {2, 1, -3, 4, 11, 13},
                                                     {0, 1, -1, 0, 5, 5},
                                                     turnedAndScaled(100)};
     for (const CGAffineTransform& transform : transforms) {
@@ -108,12 +109,14 @@ TEST(CGAffineTransform, ATransformOntoALineOrAPointHasNoInverse) {
 
 TEST(CGAffineTransform, ATransformOntoATurnedLineHasNoInverseInSpiteOfRounding) {
     for (const double scale : {1e-3, 1.0, 1e3}) {
-        for (double angle = 0.05; angle < 6.3; angle += 0.1) {
-            const CGAffineTransform flattened =
-                CGAffineTransformConcat(turnedAndScaled(scale), CGAffineTransformMakeScale(1, 0));
-            EXPECT_FALSE(CGAffineTransformInvert(
-                CGAffineTransformConcat(flattened, CGAffineTransformMakeRotation(angle))))
-                << scale << ' ' << angle;
+        for (double turn = 0.05; turn < 6.3; turn += 0.1) {
+            for (double angle = 0.05; angle < 6.3; angle += 0.1) {
+                const CGAffineTransform flattened = CGAffineTransformConcat(
+                    CGAffineTransformMakeRotation(turn), CGAffineTransformMakeScale(scale, 0));
+                const CGAffineTransform line =
+                    CGAffineTransformConcat(flattened, CGAffineTransformMakeRotation(angle));
+                EXPECT_FALSE(CGAffineTransformInvert(line)) << scale << ' ' << turn << ' ' << angle;
+            }
         }
     }
 }
@@ -128,6 +131,11 @@ TEST(CGAffineTransform, ASmallDeterminantHasAnInverse) {
         }
     }
     EXPECT_TRUE(CGAffineTransformInvert(CGAffineTransformMakeScale(1e-9, 1e9)));
+}
+
+TEST(CGAffineTransform, ADeterminantTooSmallToBePreciseHasNoInverse) {
+    EXPECT_FALSE(CGAffineTransformInvert(CGAffineTransformMakeScale(1e-160, 1e-160)));
+    EXPECT_FALSE(CGAffineTransformInvert(CGAffineTransformMakeScale(1e-300, 1e-300)));
 }
 
 TEST(CGAffineTransform, ATransformThatIsNotFiniteHasNoInverse) {

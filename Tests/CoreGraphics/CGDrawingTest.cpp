@@ -100,6 +100,13 @@ TEST(CGDrawing, DrawClipsToTheRectangleAndScalesIntoIt) {
     EXPECT_EQ(drawn(drawing, CGRectMake(130, 240, -30, -40)), expected);
 }
 
+TEST(CGDrawing, ADrawingSmallerThanAPointIsDrawn) {
+    const Operations expected{CGDrawing::SaveState{}, CGDrawing::ClipToRect{CGRectMake(0, 0, 1, 1)},
+                              CGDrawing::Concatenate{CGAffineTransformMakeScale(2, 4)}, fill,
+                              CGDrawing::RestoreState{}};
+    EXPECT_EQ(drawn(CGDrawing({0.5, 0.25}, {fill}), CGRectMake(0, 0, 1, 1)), expected);
+}
+
 TEST(CGDrawing, DrawLeavesTheStateAsItWasWhateverTheRecordingLeftOpen) {
     for (const Operations& operations :
          {Operations{save, begin, fill}, Operations{restore, end, restore}, Operations{begin, save, end},

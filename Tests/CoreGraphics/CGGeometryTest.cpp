@@ -166,6 +166,7 @@ TEST(CGGeometry, AnEmptyRectangleAddsNothingToAUnion) {
     EXPECT_EQ(CGRectUnion(CGRectMake(50, 50, 9, notANumber), rect), rect);
     EXPECT_EQ(CGRectUnion(CGRectMake(50, 50, 0, 0), CGRectMake(notANumber, 1, 1, 1)), CGRect{});
     EXPECT_EQ(CGRectUnion({}, CGRectMake(4, 4, -2, -2)), CGRectMake(2, 2, 2, 2));
+    EXPECT_EQ(CGRectUnion(CGRectMake(4, 4, -2, -2), {}), CGRectMake(2, 2, 2, 2));
 }
 
 TEST(CGGeometry, UnionAndIntersectionKeepTheirPromisesInSpiteOfRounding) {
@@ -194,6 +195,7 @@ TEST(CGGeometry, InsetMovesEachEdgeInwardsOrOutwards) {
     EXPECT_EQ(CGRectInset(CGRectMake(10, 20, 30, 40), -5, -6), CGRectMake(5, 14, 40, 52));
     EXPECT_EQ(CGRectInset(CGRectMake(40, 60, -30, -40), 5, 6), CGRectMake(15, 26, 20, 28));
     EXPECT_EQ(CGRectInset(CGRectMake(10, 20, 0, 0), -1, -2), CGRectMake(9, 18, 2, 4));
+    EXPECT_EQ(CGRectInset(CGRectMake(0, 0, 1, 2), 0.25, 0.75), CGRectMake(0.25, 0.75, 0.5, 0.5));
 }
 
 TEST(CGGeometry, InsetBeyondTheMiddleLeavesAnEmptyRectangleThere) {

@@ -31,7 +31,7 @@ TEST(CGImage, IsNotMadeWithoutPixels) {
 }
 
 TEST(CGImage, IsNotMadeFromBytesThatDoNotFitItsSides) {
-    for (const std::size_t count : {0u, 4u, 20u, 23u, 25u, 28u, 48u})
+    for (const std::size_t count : {0u, 4u, 20u, 23u, 25u, 28u, 32u, 48u})
         EXPECT_FALSE(CGImage::create(3, 2, std::vector<std::uint8_t>(count))) << count;
     EXPECT_TRUE(CGImage::create(3, 2, std::vector<std::uint8_t>(24)));
 }

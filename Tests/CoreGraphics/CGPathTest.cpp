@@ -189,26 +189,47 @@ TEST(CGPath, AnEmptyOrInfiniteRectangleAddsNothing) {
 }
 
 TEST(CGPath, ARoundedRectangleHasRoundCornersAndStraightSides) {
-    const CGRect rect = CGRectMake(10, 20, 40, 30);
-    CGPath path;
-    path.addRoundedRect(rect, 5);
-    EXPECT_EQ(path.boundingBox(), rect);
-    EXPECT_NEAR(area(path), 40 * 30 - (4 - pi) * 25, 25 * 0.005);
-    const CGRect sides = CGRectInset(rect, 5, 5);
-    for (const CGPoint& point : flattened(path)) {
-        const CGPoint nearest{std::clamp(point.x, CGRectGetMinX(sides), CGRectGetMaxX(sides)),
-                              std::clamp(point.y, CGRectGetMinY(sides), CGRectGetMaxY(sides))};
-        EXPECT_NEAR(distance(point, nearest), 5, 5 * 0.0005);
+    for (const CGRect& rect : {CGRectMake(10, 20, 40, 30), CGRectMake(-10, -20, 30, 40)}) {
+        for (const double radius : {0.5, 5.0, 14.5}) {
+            SCOPED_TRACE(testing::Message() << testing::PrintToString(rect) << " by " << radius);
+            CGPath path;
+            path.addRoundedRect(rect, radius);
+            EXPECT_EQ(path.boundingBox(), rect);
+            EXPECT_NEAR(area(path), 1200 - (4 - pi) * radius * radius, radius * radius * 0.005);
+            EXPECT_EQ(std::ranges::count(verbs(path), Verb::Line), 3);
+            const CGRect sides = CGRectInset(rect, radius, radius);
+            for (const CGPoint& point : flattened(path)) {
+                const CGPoint nearest{std::clamp(point.x, CGRectGetMinX(sides), CGRectGetMaxX(sides)),
+                                      std::clamp(point.y, CGRectGetMinY(sides), CGRectGetMaxY(sides))};
+                EXPECT_NEAR(distance(point, nearest), radius, radius * 0.0005);
+            }
+        }
     }
 }
 
+TEST(CGPath, ARoundedRectangleHasNoSideWhereItsCornersMeet) {
+    CGPath flat;
+    flat.addRoundedRect(CGRectMake(0, 0, 40, 10), 5);
+    EXPECT_EQ(verbs(flat), (std::vector{Verb::Move, Verb::Curve, Verb::Curve, Verb::Line, Verb::Curve,
+                                        Verb::Curve, Verb::Close}));
+    CGPath tall;
+    tall.addRoundedRect(CGRectMake(0, 0, 10, 40), 5);
+    EXPECT_EQ(verbs(tall), (std::vector{Verb::Move, Verb::Curve, Verb::Line, Verb::Curve, Verb::Curve,
+                                        Verb::Line, Verb::Curve, Verb::Close}));
+}
+
 TEST(CGPath, ARadiusIsCutToHalfTheShorterSide) {
-    CGPath cut;
-    cut.addRoundedRect(CGRectMake(0, 0, 40, 10), 5);
+    CGPath flat;
+    flat.addRoundedRect(CGRectMake(0, 0, 40, 10), 5);
+    CGPath tall;
+    tall.addRoundedRect(CGRectMake(0, 0, 10, 40), 5);
     for (const double radius : {5.001, 40.0, 1e300, infinity}) {
         CGPath path;
         path.addRoundedRect(CGRectMake(40, 10, -40, -10), radius);
-        EXPECT_EQ(path, cut) << radius;
+        EXPECT_EQ(path, flat) << radius;
+        CGPath turned;
+        turned.addRoundedRect(CGRectMake(0, 0, 10, 40), radius);
+        EXPECT_EQ(turned, tall) << radius;
     }
 }
 
@@ -230,13 +251,20 @@ TEST(CGPath, ASquareRoundedByHalfItsSideIsACircleWithoutLines) {
 }
 
 TEST(CGPath, AnEllipseKeepsToItsRadii) {
-    const CGRect rect = CGRectMake(-10, 5, 30, 8);
-    CGPath path;
-    path.addEllipse(rect);
-    EXPECT_EQ(path.boundingBox(), rect);
-    EXPECT_NEAR(area(path), pi * 15 * 4, pi * 15 * 4 * 0.001);
-    for (const CGPoint& point : flattened(path))
-        EXPECT_NEAR(std::hypot((point.x - 5) / 15, (point.y - 9) / 4), 1, 0.0005);
+    for (const CGSize& radius : {CGSizeMake(15, 4), CGSizeMake(4, 15), CGSizeMake(0.25, 0.5)}) {
+        SCOPED_TRACE(testing::PrintToString(radius));
+        const CGRect rect =
+            CGRectMake(5 - radius.width, 9 - radius.height, 2 * radius.width, 2 * radius.height);
+        CGPath path;
+        path.addEllipse(rect);
+        EXPECT_EQ(path.boundingBox(), rect);
+        EXPECT_EQ(verbs(path),
+                  (std::vector{Verb::Move, Verb::Curve, Verb::Curve, Verb::Curve, Verb::Curve, Verb::Close}));
+        const double expected = pi * radius.width * radius.height;
+        EXPECT_NEAR(area(path), expected, expected * 0.001);
+        for (const CGPoint& point : flattened(path))
+            EXPECT_NEAR(std::hypot((point.x - 5) / radius.width, (point.y - 9) / radius.height), 1, 0.0005);
+    }
 }
 
 TEST(CGPath, WholeOutlinesRunClockwiseAndBeginTheirOwnSubpath) {
@@ -330,6 +358,20 @@ TEST(CGPath, AnArcWithoutASweepIsItsPoint) {
     path.addArc({5, 5}, 10, 0, 0);
     ASSERT_EQ(verbs(path), std::vector{Verb::Move});
     EXPECT_EQ(path.elements()[0].points[0], CGPointMake(15, 5));
+}
+
+TEST(CGPath, AnArcWithoutARadiusIsItsCenter) {
+    CGPath path;
+    path.addArc({5, 6}, 0, 0, 1);
+    EXPECT_FALSE(path.isEmpty());
+    EXPECT_EQ(path.boundingBox(), CGRectMake(5, 6, 0, 0));
+}
+
+TEST(CGPath, AnArcSmallerThanAPointIsDrawn) {
+    CGPath path;
+    path.addArc({0, 0}, 0.25, 0, 2);
+    EXPECT_NEAR(sweptAngle(path, {0, 0}), 2, 1e-9);
+    expectOnCircle(path, {0, 0}, 0.25);
 }
 
 TEST(CGPath, AnArcThatIsNotFiniteOrHasANegativeRadiusAddsNothing) {

@@ -4,6 +4,7 @@
 #include "Platform/Foundation/NSObject.h"
 
 #include <unordered_map>
+#include <utility>
 
 namespace Foundation {
 
@@ -26,16 +27,26 @@ void MethodTable::set(const Method& method) {
     if ((count_ + 1) * 2 > slots_.size()) {
         grow();
     }
-    std::size_t slot = method.selector.hash() & mask();
+    std::size_t slot = method.selector.hash() & mask_;
     while (slots_[slot].selector && slots_[slot].selector != method.selector) {
-        slot = (slot + 1) & mask();
+        slot = (slot + 1) & mask_;
     }
     count_ += slots_[slot].selector ? 0 : 1;
     slots_[slot] = method;
 }
 
+const Method* MethodTable::find(SEL selector) const {
+    for (std::size_t slot = selector.hash() & mask_; slots_[slot].selector; slot = (slot + 1) & mask_) {
+        if (slots_[slot].selector == selector) {
+            return &slots_[slot];
+        }
+    }
+    return nullptr;
+}
+
 void MethodTable::grow() {
     const std::vector<Method> old = std::exchange(slots_, std::vector<Method>(slots_.size() * 2));
+    mask_ = slots_.size() - 1;
     count_ = 0;
     for (const Method& method : old) {
         if (method.selector) {

@@ -26,22 +26,20 @@ public:
     /// Adds the method, in place of one of the same selector.
     void set(const Method& method);
 
-    const Method* find(SEL selector) const {
-        for (std::size_t slot = selector.hash() & mask();; slot = (slot + 1) & mask()) {
-            const Method& method = slots_[slot];
-            if (method.selector == selector || !method.selector) {
-                return method.selector ? &method : nullptr;
-            }
-        }
-    }
+    /// Where the method is unless it had to give way to another: a look that needs no loop. May be of another
+    /// selector, or of none.
+    const Method& candidate(SEL selector) const { return slots_[selector.hash() & mask_]; }
+
+    /// Nothing when there is none.
+    const Method* find(SEL selector) const;
 
     std::vector<SEL> selectors() const;
 
 private:
-    std::size_t mask() const { return slots_.size() - 1; }
     void grow();
 
     std::vector<Method> slots_ = std::vector<Method>(8);
+    std::size_t mask_ = 7;
     std::size_t count_ = 0;
 };
 
@@ -67,6 +65,9 @@ public:
     /// included; nothing if there is none.
     const Method* method(SEL selector) const { return methods_.find(selector); }
     const Method* classMethod(SEL selector) const { return classMethods_.find(selector); }
+
+    const MethodTable& methods() const { return methods_; }
+    const MethodTable& classMethods() const { return classMethods_; }
 
     /// All that objects of the class can be sent, in no particular order.
     std::vector<SEL> selectors() const { return methods_.selectors(); }

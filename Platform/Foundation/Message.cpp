@@ -28,14 +28,18 @@ void reportWrongKind(const Call& call, std::string_view expected, std::string_vi
                std::string(given));
 }
 
-void reportUnrecognizedSelector(const Call& call) {
-    fatalError("Unrecognized selector '" + std::string(call.selector.name()) + "' sent to class '" +
-               call.receiver.name() + "'");
-}
-
-void reportWrongSignature(const Call& call, const Signature& expected, const Signature& given) {
-    fatalError("Wrong kind for " + describe(call) + ": takes " + describe(expected) + ", was sent " +
-               describe(given));
+const Method& methodFor(const Call& call, const MethodTable& methods, const Signature& given) {
+    const Method* method = methods.find(call.selector);
+    if (!method) {
+        fatalError("Unrecognized selector '" + std::string(call.selector.name()) + "' sent to class '" +
+                   call.receiver.name() + "'");
+    }
+    // Types are compared, as shared libraries may have a copy of one signature each.
+    if (*method->signature->type != *given.type) {
+        fatalError("Wrong kind for " + describe(call) + ": takes " + describe(*method->signature) +
+                   ", was sent " + describe(given));
+    }
+    return *method;
 }
 
 } // namespace Foundation

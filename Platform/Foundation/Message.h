@@ -38,19 +38,13 @@ constexpr const Signature& signature() {
     return signatureOf<ReturnedForm<Result>, typename EncodingOf<Arguments>::Form...>;
 }
 
-[[noreturn]] void reportUnrecognizedSelector(const Call& call);
-[[noreturn]] void reportWrongSignature(const Call& call, const Signature& expected, const Signature& given);
+/// The method for the message. Reports when there is none, and when it takes or gives other kinds.
+const Method& methodFor(const Call& call, const MethodTable& methods, const Signature& given);
 
 template <class Result, class... Arguments>
-Result sendMessage(NSObject* receiver, const Call& call, const Method* method, Arguments&&... arguments) {
-    if (!method) {
-        reportUnrecognizedSelector(call);
-    }
-    const Signature& given = signature<Result, Arguments...>();
-    if (method->signature != &given && *method->signature->type != *given.type) {
-        reportWrongSignature(call, *method->signature, given);
-    }
-    const auto function = reinterpret_cast<MethodFunction<Result, Arguments...>>(method->function);
+inline Result callMethod(const Method& method, NSObject* receiver, const Call& call,
+                         Arguments&&... arguments) {
+    const auto function = reinterpret_cast<MethodFunction<Result, Arguments...>>(method.function);
     if constexpr (std::is_void_v<Result>) {
         function(receiver, call, EncodingOf<Arguments>::encode(arguments)...);
     } else {
@@ -59,15 +53,35 @@ Result sendMessage(NSObject* receiver, const Call& call, const Method* method, A
     }
 }
 
+// Kept out of line, so that a message that finds its method at the first look saves no registers for this.
 template <class Result, class... Arguments>
-Result NSObject::send(SEL selector, Arguments&&... arguments) {
-    return sendMessage<Result>(this, Call{isa(), selector}, isa().method(selector),
+[[gnu::noinline]] Result searchAndCallMethod(const MethodTable& methods, NSObject* receiver, const Call& call,
+                                             Arguments&&... arguments) {
+    return callMethod<Result>(methodFor(call, methods, signature<Result, Arguments...>()), receiver, call,
+                              std::forward<Arguments>(arguments)...);
+}
+
+template <class Result, class... Arguments>
+inline Result sendMessage(const MethodTable& methods, NSObject* receiver, const Call& call,
+                          Arguments&&... arguments) {
+    static_assert(!std::is_reference_v<Result> && !std::is_same_v<Result, std::string_view>,
+                  "what an operation gives back is gone by the time a view of it is looked at");
+    const Method& method = methods.candidate(call.selector);
+    if (method.selector == call.selector && method.signature == &signature<Result, Arguments...>()) {
+        return callMethod<Result>(method, receiver, call, std::forward<Arguments>(arguments)...);
+    }
+    return searchAndCallMethod<Result>(methods, receiver, call, std::forward<Arguments>(arguments)...);
+}
+
+template <class Result, class... Arguments>
+inline Result NSObject::send(SEL selector, Arguments&&... arguments) {
+    return sendMessage<Result>(isa().methods(), this, Call{isa(), selector},
                                std::forward<Arguments>(arguments)...);
 }
 
 template <class Result, class... Arguments>
-Result Class::send(SEL selector, Arguments&&... arguments) const {
-    return sendMessage<Result>(nullptr, Call{*this, selector}, classMethod(selector),
+inline Result Class::send(SEL selector, Arguments&&... arguments) const {
+    return sendMessage<Result>(classMethods(), nullptr, Call{*this, selector},
                                std::forward<Arguments>(arguments)...);
 }
 

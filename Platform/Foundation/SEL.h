@@ -16,14 +16,15 @@ public:
     // Implicit, so that a send or a registration may name its operation in plain text.
     SEL(const char* name) : SEL(std::string_view(name)) {}
     SEL(const std::string& name) : SEL(std::string_view(name)) {}
-    SEL(std::string_view name);
+    SEL(std::string_view name) : entry_(intern(name)) {}
 
     std::string_view name() const { return entry_ ? std::string_view(entry_->name) : std::string_view(); }
 
     /// How many arguments the operation takes: the number of colons in its name.
     std::size_t argumentCount() const { return entry_ ? entry_->argumentCount : 0; }
 
-    std::size_t hash() const { return entry_ ? entry_->hash : 0; }
+    /// For tables: counts up with every name, so that the selectors of one class rarely meet in one slot.
+    std::size_t hash() const { return entry_ ? entry_->index : 0; }
 
     explicit operator bool() const { return entry_ != nullptr; }
     friend bool operator==(const SEL&, const SEL&) = default;
@@ -33,9 +34,11 @@ private:
 
     struct Entry {
         std::string name;
-        std::size_t hash;
+        std::size_t index;
         std::size_t argumentCount;
     };
+
+    static const Entry* intern(std::string_view name);
 
     const Entry* entry_ = nullptr;
 };

@@ -518,6 +518,8 @@ CGFloat UIView::presentedAlpha() const {
     return animations_.empty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
 }
 
+CGRect UIView::presentedBounds() const { return presentedGeometry().bounds(); }
+
 double UIView::presentedValue(double model) const {
     return isAnimating(AnimatedProperty::Value) ? presentedValues(AnimatedProperty::Value)[0] : model;
 }

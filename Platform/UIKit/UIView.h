@@ -146,6 +146,9 @@ protected:
     /// Called after the view came under another window or under none.
     virtual void didMoveToWindow() {}
 
+    /// The bounds as they are shown at present, which is what there is to draw in.
+    CoreGraphics::CGRect presentedBounds() const;
+
     /// A number that a subclass animates: what it shows at present, given its model value.
     double presentedValue(double model) const;
 

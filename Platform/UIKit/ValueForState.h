@@ -7,8 +7,8 @@
 
 namespace UIKit {
 
-/// Something that a control shows differently by its state: a title, an image. A state for which nothing was
-/// set shows what was set for the normal one.
+/// Something that a control shows differently by its state: a title, an image. `Value` is a pointer or an
+/// optional; a state for which none was set, or an empty one, shows what was set for the normal one.
 template <class Value>
 class ValueForState {
 public:
@@ -24,19 +24,23 @@ public:
 
     /// What was set for exactly that state, else for the normal one, else an empty value.
     const Value& operator[](UIControlState state) const {
-        const Value* normal = &nothing_;
+        const Value& own = find(state);
+        return own ? own : find(UIControlStateNormal);
+    }
+
+    /// Whether exactly that state has something of its own.
+    bool has(UIControlState state) const { return static_cast<bool>(find(state)); }
+
+private:
+    const Value& find(UIControlState state) const {
         for (const auto& [each, value] : values_) {
             if (each == state) {
                 return value;
             }
-            if (each == UIControlStateNormal) {
-                normal = &value;
-            }
         }
-        return *normal;
+        return nothing_;
     }
 
-private:
     std::vector<std::pair<UIControlState, Value>> values_;
     Value nothing_{};
 };

@@ -1,0 +1,94 @@
+#include "Platform/UIKit/TextMetrics.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace UIKit {
+
+using namespace CoreGraphics;
+
+namespace {
+
+/// Walks the characters of UTF-8 text; a byte that is no part of it counts as one.
+class CharacterReader {
+public:
+    explicit CharacterReader(std::string_view text) : text_(text) {}
+
+    bool isAtEnd() const { return next_ == text_.size(); }
+
+    std::uint32_t next() {
+        const auto first = static_cast<unsigned char>(text_[next_++]);
+        const int following = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
+        std::uint32_t character = following == 0 ? first : first & (0x3FU >> following);
+        for (int count = 0; count < following && isContinuation(); ++count) {
+            character = character << 6U | (static_cast<unsigned char>(text_[next_++]) & 0x3FU);
+        }
+        return character;
+    }
+
+private:
+    bool isContinuation() const {
+        return !isAtEnd() && (static_cast<unsigned char>(text_[next_]) & 0xC0U) == 0x80U;
+    }
+
+    std::string_view text_;
+    std::size_t next_ = 0;
+};
+
+struct Script {
+    std::uint32_t first;
+    std::uint32_t last;
+    CGFloat width;
+};
+
+constexpr CGFloat otherWidth = 0.75;
+
+// In ems. Marks sit on the character before them.
+constexpr Script scripts[] = {
+    {0x0300, 0x036F, 0.0}, {0x064B, 0x065F, 0.0},   {0x200B, 0x200F, 0.0},   {0x1100, 0x11FF, 1.0},
+    {0x2E80, 0xA4CF, 1.0}, {0xAC00, 0xD7AF, 1.0},   {0xF900, 0xFAFF, 1.0},   {0xFE00, 0xFE0F, 0.0},
+    {0xFF00, 0xFF60, 1.0}, {0x1F000, 0x1FAFF, 1.3}, {0x20000, 0x3FFFF, 1.0},
+};
+
+bool isOneOf(std::uint32_t character, std::string_view characters) {
+    return characters.find(static_cast<char>(character)) != std::string_view::npos;
+}
+
+CGFloat asciiWidth(std::uint32_t character) {
+    if (isOneOf(character, " !',.:;I|ijl")) {
+        return 0.32;
+    }
+    if (isOneOf(character, "\"()*-/1[\\]^_`frt{}")) {
+        return 0.44;
+    }
+    if (isOneOf(character, "%@MWmw")) {
+        return 1.0;
+    }
+    return character >= 'a' ? 0.63 : 0.76;
+}
+
+CGFloat widthOf(std::uint32_t character) {
+    if (character < 0x80) {
+        return asciiWidth(character);
+    }
+    for (const Script& script : scripts) {
+        if (script.first <= character && character <= script.last) {
+            return script.width;
+        }
+    }
+    return otherWidth;
+}
+
+} // namespace
+
+CGFloat estimatedTextWidth(std::string_view text, const CGFont& font) {
+    CGFloat width = 0.0;
+    for (CharacterReader reader(text); !reader.isAtEnd();) {
+        width += widthOf(reader.next());
+    }
+    return width * font.size;
+}
+
+CGFloat estimatedLineHeight(const CGFont& font) { return 1.25 * font.size; }
+
+} // namespace UIKit

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Platform/UIKit/UIButton.h"
+#include "Platform/UIKit/UIColor.h"
+#include "Platform/UIKit/UIControl.h"
+#include "Platform/UIKit/UIFont.h"
+#include "Platform/UIKit/UIGraphics.h"
+#include "Platform/UIKit/UIImage.h"
+#include "Platform/UIKit/UILabel.h"
+#include "Platform/UIKit/UISlider.h"
+#include "Platform/UIKit/UITouch.h"
+#include "Platform/UIKit/UIView.h"
+#include "Platform/UIKit/UIWindow.h"
+
+namespace UIKit {
+
+inline const Foundation::ClassList uiKitClasses{
+    UIColor::classObject,  UIImage::classObject,  UIFont::classObject,
+    UIView::classObject,   UIWindow::classObject, UIControl::classObject,
+    UIButton::classObject, UISlider::classObject, UILabel::classObject};
+
+} // namespace UIKit

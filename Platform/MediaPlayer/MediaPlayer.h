@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Platform/MediaPlayer/MPRouteProvider.h"
+#include "Platform/MediaPlayer/MPVolumeView.h"
+
+namespace MediaPlayer {
+
+inline const Foundation::ClassList mediaPlayerClasses{MPVolumeView::classObject};
+
+} // namespace MediaPlayer

@@ -7,8 +7,8 @@
 
 namespace UIKit {
 
-/// Something that a control shows differently by its state: a title, an image. `Value` is a pointer or an
-/// optional; a state for which none was set, or an empty one, shows what was set for the normal one.
+/// Something that a control shows differently by its state: a title, an image. A state for which nothing was
+/// set, or an empty value, shows what was set for the normal one.
 template <class Value>
 class ValueForState {
 public:
@@ -24,12 +24,11 @@ public:
 
     /// What was set for exactly that state, else for the normal one, else an empty value.
     const Value& operator[](UIControlState state) const {
-        const Value& own = find(state);
-        return own ? own : find(UIControlStateNormal);
+        return find(has(state) ? state : UIControlStateNormal);
     }
 
     /// Whether exactly that state has something of its own.
-    bool has(UIControlState state) const { return static_cast<bool>(find(state)); }
+    bool has(UIControlState state) const { return find(state) != nothing_; }
 
 private:
     const Value& find(UIControlState state) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Foundation/Class.h"
 #include "Platform/MediaPlayer/MPRouteProvider.h"
 #include "Platform/MediaPlayer/MPVolumeView.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Foundation/Class.h"
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIControl.h"

@@ -1,5 +1,6 @@
 #include "Platform/UIKit/TextMetrics.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
@@ -45,31 +46,32 @@ constexpr CGFloat otherWidth = 0.75;
 
 // In ems. Marks sit on the character before them.
 constexpr Script scripts[] = {
-    {0x0300, 0x036F, 0.0}, {0x064B, 0x065F, 0.0},   {0x200B, 0x200F, 0.0},   {0x1100, 0x11FF, 1.0},
-    {0x2E80, 0xA4CF, 1.0}, {0xAC00, 0xD7AF, 1.0},   {0xF900, 0xFAFF, 1.0},   {0xFE00, 0xFE0F, 0.0},
-    {0xFF00, 0xFF60, 1.0}, {0x1F000, 0x1FAFF, 1.3}, {0x20000, 0x3FFFF, 1.0},
+    {0x0300, 0x036F, 0.0}, {0x064B, 0x065F, 0.0}, {0x0590, 0x08FF, 0.65},  {0x200B, 0x200F, 0.0},
+    {0x1100, 0x11FF, 1.0}, {0x2E80, 0xA4CF, 1.0}, {0xAC00, 0xD7AF, 1.0},   {0xF900, 0xFAFF, 1.0},
+    {0xFE00, 0xFE0F, 0.0}, {0xFF00, 0xFF60, 1.0}, {0x1F000, 0x1FAFF, 1.3}, {0x20000, 0x3FFFF, 1.0},
 };
 
-bool isOneOf(std::uint32_t character, std::string_view characters) {
-    return characters.find(static_cast<char>(character)) != std::string_view::npos;
+constexpr CGFloat asciiWidth(char character) {
+    constexpr std::string_view narrow = " !',.:;I|ijl";
+    constexpr std::string_view half = "\"()*-/1[\\]^_`frt{}";
+    constexpr std::string_view wide = "%@MWmw";
+    const auto isIn = [character](std::string_view characters) {
+        return characters.find(character) != std::string_view::npos;
+    };
+    return isIn(narrow) ? 0.32 : isIn(half) ? 0.44 : isIn(wide) ? 1.0 : character >= 'a' ? 0.63 : 0.76;
 }
 
-CGFloat asciiWidth(std::uint32_t character) {
-    if (isOneOf(character, " !',.:;I|ijl")) {
-        return 0.32;
+constexpr std::array<CGFloat, 128> asciiWidths = [] {
+    std::array<CGFloat, 128> widths{};
+    for (std::size_t character = ' '; character < widths.size(); ++character) {
+        widths[character] = asciiWidth(static_cast<char>(character));
     }
-    if (isOneOf(character, "\"()*-/1[\\]^_`frt{}")) {
-        return 0.44;
-    }
-    if (isOneOf(character, "%@MWmw")) {
-        return 1.0;
-    }
-    return character >= 'a' ? 0.63 : 0.76;
-}
+    return widths;
+}();
 
 CGFloat widthOf(std::uint32_t character) {
-    if (character < 0x80) {
-        return asciiWidth(character);
+    if (character < asciiWidths.size()) {
+        return asciiWidths[character];
     }
     for (const Script& script : scripts) {
         if (script.first <= character && character <= script.last) {

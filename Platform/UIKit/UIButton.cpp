@@ -23,9 +23,10 @@ constexpr CGFont ownFont{15.0, CGFontWeight::Medium};
 constexpr CGColor white{1.0, 1.0, 1.0, 1.0};
 constexpr CGColor glow{1.0, 1.0, 1.0, 0.18};
 constexpr CGFloat glowRadius = 8.0;
+constexpr CGFloat glowInset = 2.0;
 constexpr CGFloat fadedAlpha = 0.35;
 constexpr CGFloat padding = 4.0;
-constexpr CGFloat gap = 6.0;
+constexpr CGFloat gap = 4.0;
 constexpr CGFloat leastSide = 44.0;
 
 } // namespace
@@ -147,13 +148,13 @@ UIButton::Layout UIButton::layout(const CGRect& bounds, const UIImage* image, st
 void UIButton::drawRect(CGContext& context, const CGRect& /*rect*/) {
     const CGRect bounds = CGRectStandardize(presentedBounds());
     if (isHighlighted()) {
-        context.fillRoundedRect(bounds, glowRadius, glow);
+        context.fillRoundedRect(CGRectInset(bounds, glowInset, glowInset), glowRadius, glow);
     }
     const std::shared_ptr<UIImage> image = currentImage();
     const std::string_view title = titleText();
     const Layout places = layout(bounds, image.get(), title);
     if (image) {
-        drawImage(context, *image->drawing(), alignedToPixels(places.image, *this));
+        drawImage(context, *image->drawing(), alignedToPixels(places.image));
     }
     if (!title.empty()) {
         const CGTextStyle style{shownFont(), titleColor(), CGTextAlignment::Center, 1};

@@ -95,7 +95,7 @@ CGSize UILabel::sizeThatFits(const CGSize& size) const {
     if (!text_ || text_->empty()) {
         return {};
     }
-    const CGFloat whole = std::ceil(estimatedTextWidth(*text_, style_.font));
+    const CGFloat whole = std::max(1.0, std::ceil(estimatedTextWidth(*text_, style_.font)));
     const CGFloat width = size.width > 0.0 ? std::min(whole, size.width) : whole;
     const CGFloat needed = std::ceil(whole / width);
     const CGFloat lines = style_.maximumLines > 0 ? std::min<CGFloat>(needed, style_.maximumLines) : needed;

@@ -40,8 +40,18 @@ CGColor colorOr(const std::shared_ptr<UIColor>& color, const CGColor& own) {
     return color ? color->cgColor() : own;
 }
 
-CGRect circle(const CGPoint& center, CGFloat diameter) {
-    return {{center.x - diameter / 2.0, center.y - diameter / 2.0}, {diameter, diameter}};
+void fillCircle(CGContext& context, const CGRect& around, CGFloat diameter, const CGColor& color) {
+    context.fillRoundedRect(rectCenteredIn(around, {diameter, diameter}), diameter / 2.0, color);
+}
+
+// Scaled to the whole track, so that it stays put while the thumb moves over it.
+void drawTrackImage(CGContext& context, const UIImage& image, const CGRect& track, CGFloat start,
+                    CGFloat end) {
+    const CGRect whole = rectCenteredIn(track, {track.size.width, image.size().height});
+    context.saveState();
+    context.clipToRect({{start, whole.origin.y}, {end - start, whole.size.height}});
+    image.drawing()->draw(context, whole);
+    context.restoreState();
 }
 
 } // namespace
@@ -208,10 +218,10 @@ CGRect UISlider::thumbRectForBounds(const CGRect& bounds, const CGRect& trackRec
     const CGSize own{thumbDiameter, thumbDiameter};
     const CGSize size =
         sizeFittedInto(image ? image->size() : own, {CGRectGetWidth(bounds), CGRectGetHeight(bounds)});
+    // In a track that is too short to move in, the thumb stays in its middle.
     const CGFloat way = std::max(0.0, CGRectGetWidth(trackRect) - size.width);
-    return {
-        {CGRectGetMinX(trackRect) + fractionOf(value) * way, CGRectGetMidY(trackRect) - size.height / 2.0},
-        size};
+    const CGRect inMiddle = rectCenteredIn(trackRect, size);
+    return CGRectOffset(inMiddle, (fractionOf(value) - 0.5) * way, 0.0);
 }
 
 double UISlider::fractionOf(float value) const {
@@ -232,10 +242,10 @@ CGRect UISlider::thumbTarget() const {
 std::optional<float> UISlider::valueForThumbCenter(CGFloat x) const {
     const CGFloat start = CGRectGetMidX(thumbRect(bounds(), minimumValue_));
     const CGFloat way = CGRectGetMidX(thumbRect(bounds(), maximumValue_)) - start;
-    const double fraction = (x - start) / way;
-    if (!std::isfinite(fraction)) {
+    if (way == 0.0 || !std::isfinite(way) || !std::isfinite(x)) {
         return std::nullopt;
     }
+    const double fraction = (x - start) / way;
     const double range = static_cast<double>(maximumValue_) - minimumValue_;
     return static_cast<float>(minimumValue_ + std::clamp(fraction, 0.0, 1.0) * range);
 }
@@ -297,60 +307,50 @@ void UISlider::sendPendingChange() {
 
 void UISlider::drawRect(CGContext& context, const CGRect& /*rect*/) {
     const CGRect bounds = CGRectStandardize(presentedBounds());
-    const CGRect track = alignedToPixels(trackRectForBounds(bounds), *this);
+    const CGRect track = alignedToPixels(trackRectForBounds(bounds));
     const CGRect thumb = thumbRectForBounds(bounds, track, presentedSliderValue());
-    drawTrackPart(context, TrackPart::Maximum, track, CGRectGetMidX(thumb));
-    drawTrackPart(context, TrackPart::Minimum, track, CGRectGetMidX(thumb));
-    drawThumb(context, thumb, bounds);
-}
+    const CGFloat split = CGRectGetMidX(thumb);
+    // Held wherever the finger is, also outside.
+    const UIControlState shown = state() | (isTracking() ? UIControlStateHighlighted : UIControlStateNormal);
 
-// Held wherever the finger is, also outside.
-UIControlState UISlider::shownState() const {
-    return state() | (isTracking() ? UIControlStateHighlighted : UIControlStateNormal);
-}
-
-void UISlider::drawTrackPart(CGContext& context, TrackPart part, const CGRect& track,
-                             CGFloat thumbCenter) const {
-    const bool isMinimum = part == TrackPart::Minimum;
-    const CGFloat start = isMinimum ? CGRectGetMinX(track) : thumbCenter;
-    const CGFloat end = isMinimum ? thumbCenter : CGRectGetMaxX(track);
-    const std::shared_ptr<UIImage> image =
-        isMinimum ? minimumTrackImageForState(shownState()) : maximumTrackImageForState(shownState());
-    if (image) {
-        const CGRect whole = rectCenteredIn(track, {track.size.width, image->size().height});
-        context.saveState();
-        context.clipToRect({{start, whole.origin.y}, {end - start, whole.size.height}});
-        image->drawing()->draw(context, whole);
-        context.restoreState();
-        return;
+    if (const std::shared_ptr<UIImage> image = maximumTrackImageForState(shown)) {
+        drawTrackImage(context, *image, track, split, CGRectGetMaxX(track));
+    } else {
+        // Begins under the round end of the other part.
+        drawTrack(context, track, split - track.size.height / 2.0, CGRectGetMaxX(track),
+                  colorOr(maximumTrackTintColor_, maximumTrackColor));
     }
-    CGColor color = isMinimum ? colorOr(minimumTrackTintColor_, minimumTrackColor)
-                              : colorOr(maximumTrackTintColor_, maximumTrackColor);
+    if (const std::shared_ptr<UIImage> image = minimumTrackImageForState(shown)) {
+        drawTrackImage(context, *image, track, CGRectGetMinX(track), split);
+    } else {
+        drawTrack(context, track, CGRectGetMinX(track), split,
+                  colorOr(minimumTrackTintColor_, minimumTrackColor));
+    }
+    if (const std::shared_ptr<UIImage> image = thumbImageForState(shown)) {
+        const CGSize size = sizeFittedInto(image->size(), bounds.size);
+        image->drawing()->draw(context, alignedToPixels(rectCenteredIn(thumb, size)));
+    } else {
+        drawThumb(context, thumb, bounds);
+    }
+}
+
+void UISlider::drawTrack(CGContext& context, const CGRect& track, CGFloat start, CGFloat end,
+                         CGColor color) const {
     if (!isEnabled()) {
         color.alpha *= disabledAlpha;
     }
-    const CGFloat radius = track.size.height / 2.0;
-    // The round end that the two parts have at the thumb lies under it.
-    const CGFloat overlap = isMinimum ? 0.0 : radius;
-    context.fillRoundedRect({{start - overlap, track.origin.y}, {end - start + overlap, track.size.height}},
-                            radius, color);
+    context.fillRoundedRect({{start, track.origin.y}, {end - start, track.size.height}},
+                            track.size.height / 2.0, color);
 }
 
 void UISlider::drawThumb(CGContext& context, const CGRect& rect, const CGRect& bounds) const {
-    const CGPoint center{CGRectGetMidX(rect), CGRectGetMidY(rect)};
-    if (const std::shared_ptr<UIImage> image = thumbImageForState(shownState())) {
-        const CGSize size = sizeFittedInto(image->size(), bounds.size);
-        image->drawing()->draw(context, {{center.x - size.width / 2.0, center.y - size.height / 2.0}, size});
-        return;
-    }
     const CGFloat largest = std::min(bounds.size.width, bounds.size.height);
-    const CGFloat diameter = std::min(isTracking() ? heldThumbDiameter : thumbDiameter, largest);
+    const CGFloat diameter = isTracking() ? heldThumbDiameter : thumbDiameter;
     for (const CGFloat blur : {2.0, 1.0}) {
-        const CGRect shadow = circle(center, std::min(diameter + 2.0 * blur, largest));
-        context.fillRoundedRect(shadow, shadow.size.width / 2.0, shadowColor);
+        fillCircle(context, rect, std::min(diameter + 2.0 * blur, largest), shadowColor);
     }
-    const CGColor color = isEnabled() ? colorOr(thumbTintColor_, thumbColor) : disabledThumbColor;
-    context.fillRoundedRect(circle(center, diameter), diameter / 2.0, color);
+    fillCircle(context, rect, std::min(diameter, largest),
+               isEnabled() ? colorOr(thumbTintColor_, thumbColor) : disabledThumbColor);
 }
 
 } // namespace UIKit

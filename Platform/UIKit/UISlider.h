@@ -76,8 +76,6 @@ public:
     void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
 
 private:
-    enum class TrackPart { Minimum, Maximum };
-
     float presentedSliderValue() const;
     double fractionOf(float value) const;
     CoreGraphics::CGRect thumbRect(const CoreGraphics::CGRect& bounds, float value) const;
@@ -89,9 +87,8 @@ private:
     void setRange(float minimum, float maximum);
     void sendPendingChange();
 
-    UIControlState shownState() const;
-    void drawTrackPart(CoreGraphics::CGContext& context, TrackPart part, const CoreGraphics::CGRect& track,
-                       CoreGraphics::CGFloat thumbCenter) const;
+    void drawTrack(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& track,
+                   CoreGraphics::CGFloat start, CoreGraphics::CGFloat end, CoreGraphics::CGColor color) const;
     void drawThumb(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect,
                    const CoreGraphics::CGRect& bounds) const;
 

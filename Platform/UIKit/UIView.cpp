@@ -7,6 +7,7 @@
 #include "Platform/UIKit/UIWindow.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace UIKit {
@@ -519,6 +520,22 @@ CGFloat UIView::presentedAlpha() const {
 }
 
 CGRect UIView::presentedBounds() const { return presentedGeometry().bounds(); }
+
+CGRect UIView::alignedToPixels(const CGRect& rect) const {
+    CGPoint corner = rect.origin;
+    const UIView* each = this;
+    for (; !each->isWindow_; each = each->superview_) {
+        const ViewGeometry& geometry = each->geometry_;
+        if (!each->superview_ || !CGAffineTransformIsIdentity(geometry.transform())) {
+            return rect;
+        }
+        corner.x += geometry.box().origin.x - geometry.boundsOrigin().x;
+        corner.y += geometry.box().origin.y - geometry.boundsOrigin().y;
+    }
+    const CGFloat scale = static_cast<const UIWindow*>(each)->contentScale();
+    const auto toPixel = [scale](CGFloat at) { return std::round(at * scale) / scale - at; };
+    return CGRectOffset(rect, toPixel(corner.x), toPixel(corner.y));
+}
 
 double UIView::presentedValue(double model) const {
     return isAnimating(AnimatedProperty::Value) ? presentedValues(AnimatedProperty::Value)[0] : model;

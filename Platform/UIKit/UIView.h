@@ -149,6 +149,11 @@ protected:
     /// The bounds as they are shown at present, which is what there is to draw in.
     CoreGraphics::CGRect presentedBounds() const;
 
+    /// `rect`, in this view's coordinates, moved by less than a pixel so that its corner lies on one of the
+    /// window's: what has straight edges shows them sharp. Unchanged in no window, and where this view or one
+    /// around it is transformed.
+    CoreGraphics::CGRect alignedToPixels(const CoreGraphics::CGRect& rect) const;
+
     /// A number that a subclass animates: what it shows at present, given its model value.
     double presentedValue(double model) const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/Message.h"
 #include "Platform/Foundation/NSObject.h"
 
@@ -29,9 +30,10 @@ constexpr auto overload(Arguments T::*operation) {
 template <class T, class Superclass = void>
 class ClassBuilder {
 public:
-    /// `name` with its module ("KivUICore.TopBar"), unlike any other class's.
+    /// `name` with its module ("KivUICore.TopBar"), unlike any other class's, which is a fatal report.
     explicit ClassBuilder(std::string_view name) : class_(*new Class(name, superclass(), allocation())) {}
 
+    /// `selector` with a colon for each parameter; another number is a fatal report.
     template <auto operation>
     ClassBuilder& method(SEL selector) {
         class_.methods_.set(methodFor<operation>(selector, operation));
@@ -100,22 +102,26 @@ private:
     }
 
     template <auto operation, class Owner, class Result, class... Arguments>
-    static Method methodFor(SEL selector, Result (Owner::*)(Arguments...)) {
+    Method methodFor(SEL selector, Result (Owner::*)(Arguments...)) {
         return entry<Result, Arguments...>(selector, &call<operation, Result, Arguments...>);
     }
 
     template <auto operation, class Owner, class Result, class... Arguments>
-    static Method methodFor(SEL selector, Result (Owner::*)(Arguments...) const) {
+    Method methodFor(SEL selector, Result (Owner::*)(Arguments...) const) {
         return entry<Result, Arguments...>(selector, &call<operation, Result, Arguments...>);
     }
 
     template <auto function, class Result, class... Arguments>
-    static Method classMethodFor(SEL selector, Result (*)(Arguments...)) {
+    Method classMethodFor(SEL selector, Result (*)(Arguments...)) {
         return entry<Result, Arguments...>(selector, &callClass<function, Result, Arguments...>);
     }
 
     template <class Result, class... Arguments>
-    static Method entry(SEL selector, MethodFunction<Result, Arguments...> function) {
+    Method entry(SEL selector, MethodFunction<Result, Arguments...> function) {
+        if (selector.argumentCount() != sizeof...(Arguments)) {
+            fatalError("Selector '" + std::string(selector.name()) + "' of class '" + class_.name() +
+                       "' stands for an operation with another number of arguments");
+        }
         return {selector, &signature<Result, Arguments...>(), reinterpret_cast<void (*)()>(function)};
     }
 

@@ -2,6 +2,7 @@
 
 #include "Platform/Foundation/Block.h"
 #include "Platform/Foundation/Class.h"
+#include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSObject.h"
 #include "Platform/Foundation/Protocol.h"
 #include "Platform/Foundation/SEL.h"
@@ -61,14 +62,24 @@ template <class T>
 requires((std::integral<T> || std::is_enum_v<T>)&&!std::same_as<T, bool>) struct Encoding<T> {
     using Form = std::int64_t;
     static constexpr std::string_view kind = "integer";
-    static Form encode(T value) { return static_cast<Form>(value); }
-    static T decode(Form value, const Call& call) {
-        const T result = static_cast<T>(value);
-        if (static_cast<Form>(result) != value) {
-            reportWrongKind(call, "a smaller integer", kind);
+    static Form encode(T value) {
+        const Form form = static_cast<Form>(value);
+        if ((form < 0) != (value < T{})) {
+            fatalError("An integer of more than 63 bits can't be sent");
         }
-        return result;
+        return form;
     }
+    static T decode(Form value, const Call& call) {
+        const auto result = static_cast<Integer>(value);
+        if (static_cast<Form>(result) != value || (result < Integer{}) != (value < 0)) {
+            reportWrongKind(call, "another range of integers", std::to_string(value));
+        }
+        return static_cast<T>(result);
+    }
+
+private:
+    using Integer =
+        typename std::conditional_t<std::is_enum_v<T>, std::underlying_type<T>, std::type_identity<T>>::type;
 };
 
 template <std::floating_point T>
@@ -112,10 +123,11 @@ requires(std::derived_from<T, NSObject>) struct Encoding<std::shared_ptr<T>> {
         if constexpr (std::same_as<T, NSObject>) {
             return value;
         } else {
-            if (value && !value->isKindOfClass(T::classObject())) {
+            std::shared_ptr<T> result = as<T>(value);
+            if (value && !result) {
                 reportWrongKind(call, T::classObject().name(), value->isa().name());
             }
-            return std::static_pointer_cast<T>(value);
+            return result;
         }
     }
 };
@@ -129,7 +141,7 @@ requires(std::derived_from<T, Protocol> &&
         return value ? Form(value, &value->asObject()) : nullptr;
     }
     static std::shared_ptr<T> decode(const Form& value, const Call& call) {
-        std::shared_ptr<T> result = std::dynamic_pointer_cast<T>(value);
+        std::shared_ptr<T> result = as<T>(value);
         if (value && !result) {
             reportWrongKind(call, "an adopter of the protocol", value->isa().name());
         }

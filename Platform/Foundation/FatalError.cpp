@@ -1,13 +1,14 @@
 #include "Platform/Foundation/FatalError.h"
 
+#include <cstdio>
 #include <cstdlib>
-#include <iostream>
 #include <string>
 
 namespace Foundation {
 
 void fatalError(std::string_view message) {
-    std::cerr << "Fatal error: " << message << std::endl;
+    const std::string line = "Fatal error: " + std::string(message) + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
     std::abort();
 }
 

@@ -29,7 +29,8 @@ public:
     /// The class that the object was made as.
     const Class& isa() const { return *isa_; }
 
-    /// True for the class the object was made as and for its superclasses.
+    /// True for the class the object was made as and for its superclasses. A class without a method table of
+    /// its own is its superclass here; `as` tells them apart.
     bool isKindOfClass(const Class& other) const;
 
     bool respondsToSelector(SEL selector) const;
@@ -102,10 +103,11 @@ std::shared_ptr<T> make(Arguments&&... arguments) {
     return object;
 }
 
-/// The object as a `T`, or nothing when it is empty or of another class.
+/// The object as a `T`, a class or a protocol, or nothing when it is empty or none. Tells classes apart that
+/// share one method table.
 template <class T, class U>
 std::shared_ptr<T> as(const std::shared_ptr<U>& object) {
-    return object && object->isKindOfClass(T::classObject()) ? std::static_pointer_cast<T>(object) : nullptr;
+    return std::dynamic_pointer_cast<T>(object);
 }
 
 } // namespace Foundation

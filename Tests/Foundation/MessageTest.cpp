@@ -81,6 +81,32 @@ TEST(MessageTest, ASendRunsTheOperation) {
     EXPECT_EQ(lamp->send<int>("add:to:", 3, 4), 7);
 }
 
+TEST(MessageTest, ASelectorAndItsTextSendTheSame) {
+    const auto lamp = make<Lamp>(5.0);
+    const SEL level = "level";
+    const std::string text = "level";
+    EXPECT_EQ(lamp->send<float>(level), 5.0F);
+    EXPECT_EQ(lamp->send<float>(text), 5.0F);
+    EXPECT_EQ(lamp->send<float>(std::string_view("levels").substr(0, 5)), 5.0F);
+}
+
+TEST(MessageTest, AnOverrideOfASubclassRuns) {
+    const std::shared_ptr<NSObject> lamp = make<DimLamp>(5.0);
+    EXPECT_EQ(lamp->send<float>("level"), 1.0F);
+}
+
+TEST(MessageTest, AReceiverMayDropTheLastReferenceToItselfMeanwhile) {
+    class Last : public Lamp {
+    public:
+        void onTick(std::int64_t /*count*/) override { owner->reset(); }
+        std::shared_ptr<Last>* owner = nullptr;
+    };
+    std::shared_ptr<Last> last = make<Last>(5.0);
+    last->owner = &last;
+    last->send("onTick:", 1);
+    EXPECT_EQ(last, nullptr);
+}
+
 TEST(MessageTest, ASubclassWithoutATableOfItsOwnIsReachedThroughItsSuperclasss) {
     EXPECT_EQ(make<DimLamp>(5.0)->send<float>("level"), 1.0F);
 }
@@ -127,17 +153,53 @@ TEST(MessageTest, AClassIsFoundByNameAndMakesObjects) {
 TEST(MessageDeathTest, WhatIsNotListedIsAFatalReport) {
     EXPECT_DEATH(make<Lamp>(5.0)->send("unlisted"),
                  "Fatal error: Unrecognized selector 'unlisted' sent to class 'Tests.Lamp'");
+    EXPECT_DEATH(make<Lamp>(5.0)->send(SEL()),
+                 "Fatal error: Unrecognized selector '' sent to class 'Tests.Lamp'");
+    EXPECT_DEATH(make<Lamp>(5.0)->send(""),
+                 "Fatal error: Unrecognized selector '' sent to class 'Tests.Lamp'");
+    EXPECT_DEATH(Lamp::classObject().send("minimum"),
+                 "Fatal error: Unrecognized selector 'minimum' sent to class 'Tests.Lamp'");
 }
 
-TEST(MessageDeathTest, AWrongArgumentOrResultIsAFatalReport) {
+TEST(MessageDeathTest, AWrongArgumentIsAFatalReport) {
     EXPECT_DEATH(
         make<Lamp>(5.0)->send("setLevel:", "high"),
         "Fatal error: Wrong kind for selector 'setLevel:' of class 'Tests.Lamp': takes \\(number\\) giving "
         "nothing, was sent \\(text\\) giving nothing");
-    EXPECT_DEATH(make<Lamp>(5.0)->send<std::string>("level"), "giving number, was sent \\(\\) giving text");
-    EXPECT_DEATH(
-        make<Lamp>(5.0)->send("setTwin:", make<NSObject>()),
-        "selector 'setTwin:' of class 'Tests.Lamp': expected Tests.Lamp, was sent Foundation.NSObject");
+    EXPECT_DEATH(make<Lamp>(5.0)->send("setLevel:", 3), "'setLevel:' .* was sent \\(integer\\)");
+    EXPECT_DEATH(make<Lamp>(5.0)->send<int>("add:to:", 3, 4.0),
+                 "takes \\(integer, integer\\) .* was sent \\(integer, number\\)");
+}
+
+TEST(MessageDeathTest, AWrongResultIsAFatalReport) {
+    EXPECT_DEATH(make<Lamp>(5.0)->send<std::string>("level"),
+                 "Fatal error: Wrong kind for selector 'level' of class 'Tests.Lamp': takes \\(\\) giving "
+                 "number, was sent \\(\\) giving text");
+    EXPECT_DEATH(make<Lamp>(5.0)->send("level"), "giving number, was sent \\(\\) giving nothing");
+    EXPECT_DEATH(make<Lamp>(5.0)->send<double>("setLevel:", 1.0),
+                 "giving nothing, was sent \\(number\\) giving number");
+    EXPECT_DEATH(Lamp::classObject().send<int>("maximum"),
+                 "Wrong kind for selector 'maximum' of class 'Tests.Lamp'");
+}
+
+TEST(MessageDeathTest, AWrongNumberOfArgumentsIsAFatalReport) {
+    EXPECT_DEATH(make<Lamp>(5.0)->send("setLevel:"),
+                 "Fatal error: Wrong kind for selector 'setLevel:' of class 'Tests.Lamp': takes "
+                 "\\(number\\) giving nothing, was sent \\(\\) giving nothing");
+    EXPECT_DEATH(make<Lamp>(5.0)->send("setLevel:", 1.0, 2.0), "was sent \\(number, number\\)");
+    EXPECT_DEATH(make<Lamp>(5.0)->send<float>("level", 1), "was sent \\(integer\\)");
+}
+
+TEST(MessageDeathTest, AReportNamesTheReceiversOwnClass) {
+    class NightLamp : public Lamp {
+    public:
+        static const Class& classObject() {
+            static const Class& object = ClassBuilder<NightLamp, Lamp>("Tests.NightLamp").build();
+            return object;
+        }
+    };
+    EXPECT_DEATH(make<NightLamp>(5.0)->send("unlisted"), "sent to class 'Tests.NightLamp'");
+    EXPECT_DEATH(make<NightLamp>(5.0)->send("setLevel:", "high"), "of class 'Tests.NightLamp'");
 }
 
 } // namespace

@@ -13,15 +13,27 @@ namespace {
 
 NSRunLoop* current = nullptr;
 
+// In seconds, some thirty years: a longer jump is a mistake of the clock, and would cost time its precision.
+constexpr double longestJump = 1e9;
+
 } // namespace
 
-NSRunLoop::NSRunLoop(const Clock& clock) : clock_(clock), previous_(current), clockReading_(clock.now()) {
+NSRunLoop::NSRunLoop(const Clock& clock) : clock_(clock), previous_(current), origin_(clock.now()) {
     current = this;
 }
 
 NSRunLoop::~NSRunLoop() {
-    while (TimerQueue::Entry* entry = timers_.first()) {
-        static_cast<NSTimer*>(entry)->invalidate();
+    if (isTurning_) {
+        fatalError("The run loop is destroyed from inside one of its own turns");
+    }
+    // While the loop is still the current one: what is let go here may look for it, and may schedule anew.
+    while (timers_.first() || !sources_.empty()) {
+        if (TimerQueue::Entry* entry = timers_.first()) {
+            static_cast<NSTimer*>(entry)->invalidate();
+        } else {
+            const std::unique_ptr<Source> source = std::move(sources_.back());
+            sources_.pop_back();
+        }
     }
     NSRunLoop** link = &current;
     while (*link != this) {
@@ -40,12 +52,11 @@ NSRunLoop& NSRunLoop::currentRunLoop() {
 double NSRunLoop::now() const {
     if (!isTurning_) {
         const double reading = clock_.now();
-        const double passed = reading - clockReading_;
-        if (std::isfinite(reading)) {
-            clockReading_ = reading;
-        }
-        if (passed > 0.0 && std::isfinite(passed)) {
-            now_ += passed;
+        const double time = reading - origin_;
+        if (time >= now_ && time - now_ <= longestJump) {
+            now_ = time;
+        } else if (std::isfinite(reading)) {
+            origin_ = reading - now_;
         }
     }
     return now_;

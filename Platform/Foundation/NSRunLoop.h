@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <optional>
+#include <typeinfo>
 #include <vector>
 
 namespace Foundation {
@@ -12,7 +13,8 @@ namespace Foundation {
 /// Runs what is due: timers, and sources of work such as animations. A host makes one, which is the current
 /// one from then on until it is destroyed (the one before it is current again), and calls `turn` when
 /// `timeUntilNextWork` has passed. Everything happens on the calling thread. Time is the loop's own: it
-/// starts at 0 and never goes backwards, whatever the clock does.
+/// starts at 0 and never goes backwards, whatever the clock does. Readings that are no time are left out, and
+/// so are jumps of decades.
 class NSRunLoop {
 public:
     /// Something besides timers that has work at certain times.
@@ -33,7 +35,7 @@ public:
     NSRunLoop(const NSRunLoop&) = delete;
     NSRunLoop& operator=(const NSRunLoop&) = delete;
 
-    /// Invalidates the timers that are still scheduled.
+    /// Invalidates the timers that are still scheduled. Must not be destroyed from inside a turn.
     ~NSRunLoop();
 
     /// The loop made last and still alive. Without one, a fatal report.
@@ -64,7 +66,8 @@ private:
 
     const Clock& clock_;
     NSRunLoop* previous_;
-    mutable double clockReading_;
+    // What the clock showed at loop time 0; moved where the clock jumps in a way that time can't.
+    mutable double origin_;
     mutable double now_ = 0.0;
     bool isTurning_ = false;
     TimerQueue timers_;
@@ -74,8 +77,9 @@ private:
 template <class T>
 T& NSRunLoop::source() {
     for (const std::unique_ptr<Source>& source : sources_) {
-        if (T* found = dynamic_cast<T*>(source.get())) {
-            return *found;
+        Source& candidate = *source;
+        if (typeid(candidate) == typeid(T)) {
+            return static_cast<T&>(candidate);
         }
     }
     auto made = std::make_unique<T>(*this);

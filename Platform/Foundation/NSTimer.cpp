@@ -11,7 +11,7 @@ namespace Foundation {
 
 namespace {
 
-// The loop's present for what has passed already or is no time at all.
+// The second for what is earlier or is no time at all.
 double timeNotBefore(double time, double now) { return time > now ? time : now; }
 
 } // namespace
@@ -75,7 +75,7 @@ double NSTimer::fireDate() const { return loop_ ? deadline() : std::numeric_limi
 void NSTimer::setFireDate(double time) {
     if (loop_) {
         loop_->timers_.remove(*this);
-        loop_->timers_.insert(*this, timeNotBefore(time, loop_->now()));
+        loop_->timers_.insert(*this, timeNotBefore(time, loop_->now_));
     }
 }
 
@@ -83,10 +83,12 @@ void NSTimer::fire() {
     const std::shared_ptr<NSTimer> timer = scheduled_;
     const std::shared_ptr<NSObject> target = target_;
     const auto block = block_;
+    const std::shared_ptr<NSObject> userInfo = userInfo_;
     if (repeats_) {
         scheduleNext();
     } else {
         invalidate();
+        userInfo_ = userInfo;
     }
     if (block) {
         block(*this);
@@ -94,6 +96,9 @@ void NSTimer::fire() {
         target->send(selector_, timer);
     } else if (target) {
         target->send(selector_);
+    }
+    if (!isValid()) {
+        userInfo_ = nullptr;
     }
 }
 
@@ -103,7 +108,7 @@ void NSTimer::scheduleNext() {
     const double now = loop_->now();
     double next = deadline() + interval_;
     if (next <= now && interval_ > 0.0) {
-        next = deadline() + interval_ * (std::floor((now - deadline()) / interval_) + 1.0);
+        next = now + (interval_ - std::fmod(now - deadline(), interval_));
     }
     setFireDate(next);
 }

@@ -37,7 +37,8 @@ public:
     /// As given.
     double timeInterval() const { return interval_; }
 
-    /// The information that the timer was scheduled with; nothing once it isn't valid.
+    /// The information that the timer was scheduled with; nothing once it is invalidated or has fired for the
+    /// last time.
     const std::shared_ptr<NSObject>& userInfo() const { return userInfo_; }
 
     /// Run loop time at which the timer fires next; not a number once it isn't valid.

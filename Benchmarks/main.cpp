@@ -1,0 +1,25 @@
+#include "Benchmarks/ComparisonReporter.h"
+
+#include <string>
+#include <vector>
+
+int main(int argc, char** argv) {
+    // Repeated and interleaved, so that a measure and its peers share whatever else the machine is doing. The
+    // command line's own options come later and win.
+    std::vector<std::string> texts{*argv, "--benchmark_repetitions=9", "--benchmark_min_time=0.05",
+                                   "--benchmark_enable_random_interleaving=true",
+                                   "--benchmark_report_aggregates_only=false"};
+    texts.insert(texts.end(), argv + 1, argv + argc);
+    std::vector<char*> arguments;
+    for (std::string& text : texts) {
+        arguments.push_back(text.data());
+    }
+    int count = static_cast<int>(arguments.size());
+    arguments.push_back(nullptr);
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
+        return 2;
+    }
+    Benchmarks::ComparisonReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+}

@@ -12,7 +12,7 @@ int main() {
     auto top = make<KivUICore::TopBar>(host.window());
     auto bottom = make<KivUICore::BottomBar>(host.window());
 
-    const auto frame = bottom->barFrame();
+    const auto frame = bottom->barFrame().value();
     std::cout << "The bottom bar begins at " << frame.origin.y << " and is " << frame.size.height
               << " high.\n"
               << "Drawing both takes " << host.draw()->operations().size()

@@ -1,8 +1,8 @@
 #!/bin/sh
 # Uses the library as somebody else's project would: try.sh WAY SOURCE WORK
 #
-# WAY is `install`, which builds and installs it into WORK, or one of the ways to use it: `package` and `pkg-config`
-# need that installation, `subdirectory` and `fetch` take the sources. Each builds a small program and runs it.
+# WAY is `subdirectory` or `fetch`, which take the sources, or `package` or `pkg-config`, which take what `subdirectory`
+# installed into WORK. Each builds a small program and runs it.
 set -eu
 way=$1
 source=$2
@@ -21,16 +21,6 @@ build_and_run() {
 }
 
 case $way in
-install)
-    rm -rf "$work/build" "$work/staged" "$installed"
-    cmake -S "$source" -B "$work/build" -G Ninja -DCMAKE_INSTALL_PREFIX="$work/staged" \
-        -DKIVUICORE_TESTS=OFF -DKIVUICORE_HOSTS=OFF
-    cmake --build "$work/build"
-    cmake --install "$work/build"
-    # What was installed must work wherever it is put, and without the build that it came from.
-    mv "$work/staged" "$installed"
-    rm -rf "$work/build"
-    ;;
 package)
     build_and_run Package -DCMAKE_PREFIX_PATH="$installed"
     ;;
@@ -43,7 +33,14 @@ pkg-config)
     "$work/pkg-config-consumer"
     ;;
 subdirectory)
-    build_and_run Subdirectory -DKIVUICORE_SOURCE="$source"
+    rm -rf "${installed:?}" "$work/staged"
+    build_and_run Subdirectory -DKIVUICORE_SOURCE="$source" -DKIVUICORE_INSTALL=ON \
+        -DCMAKE_INSTALL_PREFIX="$work/staged"
+    cmake --build "$work/Subdirectory"
+    cmake --install "$work/Subdirectory"
+    # What was installed must work wherever it is put, and without the build that it came from.
+    mv "$work/staged" "$installed"
+    rm -rf "$work/Subdirectory"
     ;;
 fetch)
     build_and_run Fetch -DKIVUICORE_SOURCE="$source"

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace Player {
+
+/// True for `scheme://…`; everything else is a file's path.
+bool isUrl(const std::string& location);
+
+/// What stops the file at `path` from being read, as the end of a sentence ("no such file"); nothing when it
+/// can be.
+std::optional<std::string> whyUnreadable(const std::string& path);
+
+} // namespace Player

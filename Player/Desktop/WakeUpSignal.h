@@ -1,0 +1,22 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+
+namespace Player {
+
+/// Lets one thread sleep until another has news. News that come early are kept.
+class WakeUpSignal {
+public:
+    void raise();
+
+    /// Returns after `raise` was called since the last time.
+    void wait();
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool isRaised_ = false;
+};
+
+} // namespace Player

@@ -4,6 +4,7 @@
 #include "Hosts/Desktop/GLCompositor.h"
 #include "Hosts/Desktop/SoftwareCompositor.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Desktop {
@@ -25,7 +26,11 @@ CGSize screenSize(SDL_Window* window) {
 
 } // namespace
 
+// Only what shows a window to somebody; SDL alone would fall back on drawing where nobody looks, or take over
+// the machine's console. Wayland's library complains on the error output where it has no folder for its
+// sockets. The environment variable SDL_VIDEODRIVER goes before this.
 DesktopWindow::VideoSystem::VideoSystem() {
+    SDL_SetHint(SDL_HINT_VIDEODRIVER, SDL_getenv("XDG_RUNTIME_DIR") ? "x11,wayland" : "x11");
     SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "0");
     SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
     // Where OpenGL isn't used for the film, it isn't for what SDL calls a framebuffer either.
@@ -33,11 +38,7 @@ DesktopWindow::VideoSystem::VideoSystem() {
     isStarted = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
 }
 
-DesktopWindow::VideoSystem::~VideoSystem() {
-    if (isStarted) {
-        SDL_QuitSubSystem(SDL_INIT_VIDEO);
-    }
-}
+DesktopWindow::VideoSystem::~VideoSystem() { SDL_Quit(); }
 
 std::unique_ptr<DesktopWindow> DesktopWindow::open(const Settings& settings, FilmSource& film,
                                                    std::string& problem) {

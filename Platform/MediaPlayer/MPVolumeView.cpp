@@ -113,7 +113,9 @@ void MPVolumeView::update() {
 }
 
 void MPVolumeView::chooseRoute() {
-    if (const std::shared_ptr<MPRouteProvider> provider = MPRouteProvider::installed()) {
+    const std::shared_ptr<MPRouteProvider> provider = MPRouteProvider::installed();
+    // The routes may have gone while the button was held.
+    if (provider && isRouteButtonVisible()) {
         provider->chooseRouteFromView(self(this));
     }
 }

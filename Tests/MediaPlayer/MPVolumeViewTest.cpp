@@ -1,0 +1,208 @@
+#include "Platform/MediaPlayer/MPVolumeView.h"
+
+#include "Hosts/Headless/HeadlessHost.h"
+#include "Platform/Foundation/Message.h"
+#include "Platform/MediaPlayer/MPRouteProvider.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace CoreGraphics;
+using namespace MediaPlayer;
+using Foundation::make;
+using Headless::HeadlessHost;
+
+class TestProvider : public MPRouteProvider {
+public:
+    std::vector<MPRoute> routes() const override { return routes_; }
+
+    void selectRoute(const std::string& identifier) override {
+        for (MPRoute& route : routes_) {
+            route.isSelected = route.identifier == identifier;
+        }
+    }
+
+    void chooseRouteFromView(const std::shared_ptr<MPVolumeView>& view) override {
+        askedFrom.push_back(view.get());
+        if (const auto call = onChoose) {
+            call();
+        }
+    }
+
+    void setRoutes(std::vector<MPRoute> routes) {
+        routes_ = std::move(routes);
+        routesDidChange();
+    }
+
+    std::vector<MPVolumeView*> askedFrom;
+    std::function<void()> onChoose;
+
+private:
+    std::vector<MPRoute> routes_;
+};
+
+const MPRoute here{"This screen", "here", true};
+const MPRoute kitchen{"Kitchen", "kitchen", false};
+
+class MPVolumeViewTest : public testing::Test {
+protected:
+    MPVolumeViewTest() {
+        view->setShowsVolumeSlider(false);
+        host.window()->addSubview(view);
+        MPRouteProvider::install(provider);
+        host.draw();
+    }
+
+    ~MPVolumeViewTest() override { MPRouteProvider::install(nullptr); }
+
+    bool drawsAnything() {
+        host.window()->setNeedsDisplayEverywhere();
+        const auto operations = host.draw()->operations();
+        return std::any_of(operations.begin(), operations.end(), [](const CGDrawing::Operation& each) {
+            return std::holds_alternative<CGDrawing::StrokePath>(each);
+        });
+    }
+
+    HeadlessHost host{{300, 100}};
+    std::shared_ptr<TestProvider> provider = std::make_shared<TestProvider>();
+    std::shared_ptr<MPVolumeView> view = make<MPVolumeView>(CGRectMake(20, 30, 60, 40));
+};
+
+TEST_F(MPVolumeViewTest, ShowsTheButtonOnlyWhenThereIsAChoice) {
+    EXPECT_FALSE(view->isRouteButtonVisible());
+    EXPECT_FALSE(drawsAnything());
+    provider->setRoutes({here});
+    EXPECT_FALSE(view->isRouteButtonVisible());
+    provider->setRoutes({here, kitchen});
+    EXPECT_TRUE(host.window()->needsDisplay());
+    EXPECT_TRUE(view->isRouteButtonVisible());
+    EXPECT_TRUE(drawsAnything());
+    provider->setRoutes({kitchen});
+    EXPECT_TRUE(host.window()->needsDisplay());
+    EXPECT_FALSE(drawsAnything());
+}
+
+TEST_F(MPVolumeViewTest, AViewMadeLaterShowsTheButtonAtOnce) {
+    provider->setRoutes({here, kitchen});
+    EXPECT_TRUE(make<MPVolumeView>()->isRouteButtonVisible());
+}
+
+TEST_F(MPVolumeViewTest, FollowsTheInstalledProvider) {
+    provider->setRoutes({here, kitchen});
+    const auto other = std::make_shared<TestProvider>();
+    MPRouteProvider::install(other);
+    EXPECT_FALSE(view->isRouteButtonVisible());
+    provider->setRoutes({here, kitchen});
+    EXPECT_FALSE(view->isRouteButtonVisible());
+    MPRouteProvider::install(provider);
+    EXPECT_TRUE(view->isRouteButtonVisible());
+    MPRouteProvider::install(nullptr);
+    EXPECT_FALSE(view->isRouteButtonVisible());
+}
+
+TEST_F(MPVolumeViewTest, ATapAsksTheProvider) {
+    provider->setRoutes({here, kitchen});
+    host.tap({50, 50});
+    EXPECT_EQ(provider->askedFrom, std::vector<MPVolumeView*>{view.get()});
+}
+
+TEST_F(MPVolumeViewTest, ATouchThatEndsOutsideAsksNobody) {
+    provider->setRoutes({here, kitchen});
+    host.touchDown({50, 50});
+    host.touchMove({200, 50});
+    host.touchUp({200, 50});
+    EXPECT_TRUE(provider->askedFrom.empty());
+}
+
+TEST_F(MPVolumeViewTest, WithoutAChoiceTouchesGoThrough) {
+    EXPECT_EQ(host.window()->hitTest({50, 50}), host.window());
+    host.tap({50, 50});
+    EXPECT_TRUE(provider->askedFrom.empty());
+}
+
+TEST_F(MPVolumeViewTest, RoutesThatGoInMidTouchTakeTheButtonAway) {
+    provider->setRoutes({here, kitchen});
+    host.touchDown({50, 50});
+    provider->setRoutes({here});
+    host.touchUp({50, 50});
+    EXPECT_TRUE(provider->askedFrom.empty());
+}
+
+TEST_F(MPVolumeViewTest, TheProviderIsHeldWeakly) {
+    provider->setRoutes({here, kitchen});
+    provider = nullptr;
+    EXPECT_EQ(MPRouteProvider::installed(), nullptr);
+    host.tap({50, 50});
+    EXPECT_FALSE(make<MPVolumeView>()->isRouteButtonVisible());
+}
+
+TEST_F(MPVolumeViewTest, TheProviderMayTearDownTheViewAndItself) {
+    provider->setRoutes({here, kitchen});
+    const std::weak_ptr<MPVolumeView> weakView = view;
+    const std::weak_ptr<TestProvider> weakProvider = provider;
+    provider->onChoose = [this] {
+        view->removeFromSuperview();
+        view = nullptr;
+        provider = nullptr;
+    };
+    host.tap({50, 50});
+    EXPECT_TRUE(weakView.expired());
+    EXPECT_TRUE(weakProvider.expired());
+}
+
+TEST_F(MPVolumeViewTest, TheButtonCanBeTurnedOff) {
+    provider->setRoutes({here, kitchen});
+    view->setShowsRouteButton(false);
+    EXPECT_FALSE(view->isRouteButtonVisible());
+    provider->setRoutes({here, kitchen});
+    EXPECT_FALSE(view->isRouteButtonVisible());
+    view->setShowsRouteButton(true);
+    EXPECT_TRUE(view->isRouteButtonVisible());
+}
+
+TEST_F(MPVolumeViewTest, RemembersWhetherAVolumeSliderIsWanted) {
+    EXPECT_TRUE(make<MPVolumeView>()->showsVolumeSlider());
+    EXPECT_FALSE(view->showsVolumeSlider());
+}
+
+TEST_F(MPVolumeViewTest, FitsInAnyStateAndShrunkStandsInTheMiddleOfABar) {
+    const auto fitted = make<MPVolumeView>();
+    fitted->sizeToFit();
+    const CGRect whole = fitted->frame();
+    EXPECT_EQ(whole.origin, (CGPoint{0, 0}));
+    fitted->setTransform(CGAffineTransformMakeScale(0.8, 0.8));
+    CGRect shrunk = fitted->frame();
+    EXPECT_NEAR(shrunk.size.width, 0.8 * whole.size.width, 1e-9);
+    EXPECT_GE(shrunk.size.width, 44.0 - 1e-9);
+    shrunk.origin.y += 4.0;
+    fitted->setFrame(shrunk);
+    EXPECT_NEAR(CGRectGetMidY(fitted->frame()), 20.0, 1e-9);
+    provider->setRoutes({here, kitchen});
+    fitted->sizeToFit();
+    EXPECT_NEAR(fitted->bounds().size.width, whole.size.width, 1e-9);
+}
+
+TEST_F(MPVolumeViewTest, AShrunkButtonIsTouchedWhereItShows) {
+    provider->setRoutes({here, kitchen});
+    view->setTransform(CGAffineTransformMakeScale(0.5, 0.5));
+    host.tap({50, 50});
+    EXPECT_EQ(provider->askedFrom.size(), 1U);
+    host.tap({25, 35});
+    EXPECT_EQ(provider->askedFrom.size(), 1U);
+}
+
+TEST_F(MPVolumeViewTest, CanBeReachedByName) {
+    const std::shared_ptr<Foundation::NSObject> made = MPVolumeView::classObject().alloc();
+    EXPECT_TRUE(made->send<bool>("init"));
+    made->send("setShowsVolumeSlider:", false);
+    EXPECT_FALSE(made->send<bool>("showsVolumeSlider"));
+    made->send("sizeToFit");
+    EXPECT_GT(made->send<CGRect>("frame").size.width, 0.0);
+}
+
+} // namespace

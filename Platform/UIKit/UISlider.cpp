@@ -41,6 +41,9 @@ CGColor colorOr(const std::shared_ptr<UIColor>& color, const CGColor& own) {
 }
 
 void fillCircle(CGContext& context, const CGRect& around, CGFloat diameter, const CGColor& color) {
+    if (!(diameter > 0.0)) {
+        return;
+    }
     context.fillRoundedRect(rectCenteredIn(around, {diameter, diameter}), diameter / 2.0, color);
 }
 
@@ -307,7 +310,8 @@ void UISlider::sendPendingChange() {
 
 void UISlider::drawRect(CGContext& context, const CGRect& /*rect*/) {
     const CGRect bounds = CGRectStandardize(presentedBounds());
-    const CGRect track = alignedToPixels(trackRectForBounds(bounds));
+    CGRect track = trackRectForBounds(bounds);
+    track.origin.y = alignedToPixels(track).origin.y;
     const CGRect thumb = thumbRectForBounds(bounds, track, presentedSliderValue());
     const CGFloat split = CGRectGetMidX(thumb);
     // Held wherever the finger is, also outside.
@@ -344,12 +348,15 @@ void UISlider::drawTrack(CGContext& context, const CGRect& track, CGFloat start,
 }
 
 void UISlider::drawThumb(CGContext& context, const CGRect& rect, const CGRect& bounds) const {
-    const CGFloat largest = std::min(bounds.size.width, bounds.size.height);
+    const CGFloat room =
+        2.0 *
+        std::min({CGRectGetMidX(rect) - CGRectGetMinX(bounds), CGRectGetMaxX(bounds) - CGRectGetMidX(rect),
+                  CGRectGetMidY(rect) - CGRectGetMinY(bounds), CGRectGetMaxY(bounds) - CGRectGetMidY(rect)});
     const CGFloat diameter = isTracking() ? heldThumbDiameter : thumbDiameter;
     for (const CGFloat blur : {2.0, 1.0}) {
-        fillCircle(context, rect, std::min(diameter + 2.0 * blur, largest), shadowColor);
+        fillCircle(context, rect, std::min(diameter + 2.0 * blur, room), shadowColor);
     }
-    fillCircle(context, rect, std::min(diameter, largest),
+    fillCircle(context, rect, std::min(diameter, room),
                isEnabled() ? colorOr(thumbTintColor_, thumbColor) : disabledThumbColor);
 }
 

@@ -1,10 +1,11 @@
 #!/bin/sh
 # Tests what ./play decides: what it installs, builds and makes, and what it hands to the player. The commands that
-# it calls are replaced by ones that write down how they were called: play.sh SOURCE WORK
+# it calls are replaced by ones that write down how they were called: play.sh SOURCE WORK [KIVPLAYER]
 # shellcheck disable=SC2016 # the replaced commands expand their own arguments
 set -eu
 source=$1
 work=$2
+player=${3:-}
 failures=0
 
 # Sets up a checkout in which everything is installed and built.
@@ -70,6 +71,13 @@ plays 'nothing plays the sample' "[$sample]"
 plays 'options alone play the sample' "[--snapshot][pictures][--at=5][$sample]" --snapshot pictures --at=5
 plays 'a value is taken for no film' "[--size][640x360][--scale][2][$sample]" --size 640x360 --scale 2
 plays 'two dashes alone play the sample' "[--][$sample]" --
+if [ -n "$player" ]; then
+    options=$("$player" --help | sed -nE 's/^ +(-., *)?(--[a-z-]+) [A-Za-z|]+( .*)?$/\2/p')
+    expect 'the help names the options that take a value' "$(echo "$options" | grep -cx -e --size)" 1
+    for option in $options; do
+        plays "the value of $option is taken for no film" "[$option][value][$sample]" "$option" value
+    done
+fi
 expect 'the sample is made once, and nothing is installed or built' "$(cat "$CALLS")" make-sample
 
 status=0

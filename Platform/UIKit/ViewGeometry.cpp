@@ -23,7 +23,7 @@ void ViewGeometry::setFrame(const CGRect& frame) {
             CGSizeApplyAffineTransform({CGRectGetWidth(frame), CGRectGetHeight(frame)}, *inverse);
         box_.size = {std::abs(size.width), std::abs(size.height)};
     }
-    setCenter({CGRectGetMidX(frame), CGRectGetMidY(frame)});
+    setCenter({CGRectGetMidX(frame) - transform_.tx, CGRectGetMidY(frame) - transform_.ty});
 }
 
 void ViewGeometry::setBounds(const CGRect& bounds) {

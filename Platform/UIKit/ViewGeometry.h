@@ -17,8 +17,8 @@ public:
     /// the bit.
     CoreGraphics::CGRect frame() const;
 
-    /// Moves the centre to the middle of `frame` and sizes the box so that it has that frame once
-    /// transformed. Under a transform without an inverse the size stays.
+    /// Moves the centre and sizes the box so that it has that frame once transformed. Under a transform
+    /// without an inverse the size stays.
     void setFrame(const CoreGraphics::CGRect& frame);
 
     CoreGraphics::CGRect bounds() const { return {boundsOrigin_, box_.size}; }

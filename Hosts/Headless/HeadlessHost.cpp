@@ -3,6 +3,7 @@
 #include "Platform/CoreGraphics/CGRecordingContext.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace Headless {
 
@@ -16,6 +17,11 @@ namespace {
 // ever.
 constexpr double leastStep = 0.001;
 
+// Sums of times are rounded: what is due at the very end must not slip behind it, and a wait may be too short
+// to add up.
+constexpr double tolerance = 1e-6;
+constexpr double shortestWait = 1e-9;
+
 } // namespace
 
 HeadlessHost::HeadlessHost(const CGSize& size)
@@ -24,11 +30,19 @@ HeadlessHost::HeadlessHost(const CGSize& size)
 void HeadlessHost::advance(double seconds) {
     const double end = clock_.now() + seconds;
     runLoop_.turn();
-    while (clock_.now() < end) {
-        const double wait = runLoop_.timeUntilNextWork().value_or(end - clock_.now());
-        clock_.set(std::min(end, clock_.now() + std::max(wait, leastStep)));
+    for (double next = nextMoment(); next <= end + tolerance; next = nextMoment()) {
+        clock_.set(next);
         runLoop_.turn();
     }
+    if (clock_.now() < end) {
+        clock_.set(end);
+        runLoop_.turn();
+    }
+}
+
+double HeadlessHost::nextMoment() const {
+    const double wait = runLoop_.timeUntilNextWork().value_or(std::numeric_limits<double>::infinity());
+    return clock_.now() + (wait > 0.0 ? std::max(wait, shortestWait) : leastStep);
 }
 
 void HeadlessHost::touchDown(const CGPoint& location, UITouchIdentifier identifier) {

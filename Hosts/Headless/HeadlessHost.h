@@ -21,7 +21,8 @@ public:
     const std::shared_ptr<UIKit::UIWindow>& window() const { return window_; }
 
     /// Lets `seconds` pass, turning the run loop at each moment at which it has work, as a host that blocks
-    /// in between would. At least one turn.
+    /// in between would. At least one turn; what is due within a millionth of a second after the end is done
+    /// too.
     void advance(double seconds);
 
     /// `location` in the window's coordinates.
@@ -37,6 +38,8 @@ public:
     std::shared_ptr<const CoreGraphics::CGDrawing> draw();
 
 private:
+    double nextMoment() const;
+
     VirtualClock clock_;
     Foundation::NSRunLoop runLoop_;
     std::shared_ptr<UIKit::UIWindow> window_;

@@ -17,5 +17,11 @@ void* operator new(std::size_t size) {
     throw std::bad_alloc();
 }
 
+// Standard algorithms take their buffers this way and give them back to the delete below.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    ++count;
+    return std::malloc(size == 0 ? 1 : size);
+}
+
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }

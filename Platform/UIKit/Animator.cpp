@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -21,11 +22,12 @@ AnimationGroup::AnimationGroup(double start, double duration, AnimationCurve cur
                                std::function<void(bool)> completion)
     : start_(start), duration_(duration), curve_(curve), completion_(std::move(completion)) {}
 
-double AnimationGroup::progress() const {
-    if (presentationTime_ <= start_) {
-        return 0.0;
+void AnimationGroup::moveTo(double now) {
+    if (now >= end()) {
+        progress_ = 1.0;
+    } else if (now > start_) {
+        progress_ = easedProgress(curve_, (now - start_) / duration_);
     }
-    return easedProgress(curve_, (presentationTime_ - start_) / duration_);
 }
 
 void AnimationGroup::add(const std::shared_ptr<UIView>& view) {
@@ -58,17 +60,27 @@ AnimatedValues PropertyAnimation::values() const {
 
 Animator::Animator(Foundation::NSRunLoop& loop) : loop_(loop), presentationTime_(loop.now()) {}
 
+// A view holds its groups, and a completion often holds a view.
+Animator::~Animator() {
+    for (const std::shared_ptr<AnimationGroup>& group : groups_) {
+        group->moveTo(std::numeric_limits<double>::infinity());
+        drop(*group);
+        const auto completion = std::exchange(group->completion_, nullptr);
+    }
+}
+
 const std::shared_ptr<AnimationGroup>& Animator::recordingGroup() { return recording; }
 
 void Animator::animate(double duration, double delay, UIViewAnimationOptions options,
                        const std::function<void()>& animations, std::function<void(bool)> completion) {
     // What shows before the changes is what shows now, not what the last turn left.
     moveTo(loop_.now());
-    const double wait = delay > 0.0 ? delay : 0.0;
+    // What would take for ever never begins.
+    const double wait = std::isinf(duration) && duration > 0.0 ? duration : delay > 0.0 ? delay : 0.0;
     const bool takesTime = duration > 0.0 || wait > 0.0;
     auto group = std::make_shared<AnimationGroup>(presentationTime_ + wait, duration > 0.0 ? duration : 0.0,
                                                   animationCurve(options), std::move(completion));
-    group->presentationTime_ = presentationTime_;
+    group->moveTo(presentationTime_);
     groups_.push_back(group);
     const std::shared_ptr<AnimationGroup> outer = std::exchange(recording, takesTime ? group : nullptr);
     if (animations) {
@@ -103,7 +115,7 @@ void Animator::moveTo(double now) {
     invalidateRunning(now);
     presentationTime_ = now;
     for (const std::shared_ptr<AnimationGroup>& group : groups_) {
-        group->presentationTime_ = now;
+        group->moveTo(now);
     }
     invalidateRunning(now);
 }
@@ -115,7 +127,8 @@ void Animator::invalidateRunning(double now) {
             continue;
         }
         for (const std::weak_ptr<UIView>& each : group->views_) {
-            if (const std::shared_ptr<UIView> view = each.lock()) {
+            const std::shared_ptr<UIView> view = each.lock();
+            if (view && view->isAnimatedBy(*group)) {
                 view->invalidateExtent();
             }
         }
@@ -123,26 +136,28 @@ void Animator::invalidateRunning(double now) {
 }
 
 void Animator::finishOver(double now) {
+    const auto isOver = [now](const std::shared_ptr<AnimationGroup>& group) { return group->isOver(now); };
     std::vector<std::shared_ptr<AnimationGroup>> over;
-    const auto firstOver = std::stable_partition(
-        groups_.begin(), groups_.end(),
-        [now](const std::shared_ptr<AnimationGroup>& group) { return !group->isOver(now); });
-    over.assign(std::make_move_iterator(firstOver), std::make_move_iterator(groups_.end()));
-    groups_.erase(firstOver, groups_.end());
+    std::copy_if(groups_.begin(), groups_.end(), std::back_inserter(over), isOver);
+    std::erase_if(groups_, isOver);
     std::stable_sort(over.begin(), over.end(),
                      [](const auto& a, const auto& b) { return a->end() < b->end(); });
 
     for (const std::shared_ptr<AnimationGroup>& group : over) {
-        for (const std::weak_ptr<UIView>& each : group->views_) {
-            if (const std::shared_ptr<UIView> view = each.lock()) {
-                view->dropAnimations(*group);
-            }
-        }
+        drop(*group);
     }
     // Completions come last: whatever they start or tear down, this turn touches nothing of it any more.
     for (const std::shared_ptr<AnimationGroup>& group : over) {
         if (const auto completion = std::exchange(group->completion_, nullptr)) {
             completion(!group->isInterrupted_);
+        }
+    }
+}
+
+void Animator::drop(const AnimationGroup& group) {
+    for (const std::weak_ptr<UIView>& each : group.views_) {
+        if (const std::shared_ptr<UIView> view = each.lock()) {
+            view->dropAnimations(group);
         }
     }
 }

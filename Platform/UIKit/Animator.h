@@ -31,7 +31,7 @@ public:
     double end() const { return start_ + duration_; }
 
     /// How far the changes have come in what is shown: eased, from 0 to 1.
-    double progress() const;
+    double progress() const { return progress_; }
 
     void add(const std::shared_ptr<UIView>& view);
 
@@ -43,12 +43,13 @@ private:
 
     bool isRunning(double now) const { return changes_ > 0 && start_ <= now; }
     bool isOver(double now) const { return changes_ == 0 || end() <= now; }
+    void moveTo(double now);
 
     double start_;
     double duration_;
     AnimationCurve curve_;
     std::function<void(bool)> completion_;
-    double presentationTime_ = 0.0;
+    double progress_ = 0.0;
     std::vector<std::weak_ptr<UIView>> views_;
     std::size_t changes_ = 0;
     bool isInterrupted_ = false;
@@ -66,10 +67,12 @@ struct PropertyAnimation {
 };
 
 /// Runs the animations of a run loop. What is shown moves on at each of the loop's turns and stands still in
-/// between.
+/// between. Those that are under way when the loop goes are there at once, and their completions are let go
+/// without a call.
 class Animator : public Foundation::NSRunLoop::Source {
 public:
     explicit Animator(Foundation::NSRunLoop& loop);
+    ~Animator() override;
 
     void animate(double duration, double delay, UIViewAnimationOptions options,
                  const std::function<void()>& animations, std::function<void(bool)> completion);
@@ -87,6 +90,7 @@ private:
     void moveTo(double now);
     void invalidateRunning(double now);
     void finishOver(double now);
+    static void drop(const AnimationGroup& group);
 
     Foundation::NSRunLoop& loop_;
     double presentationTime_ = 0.0;

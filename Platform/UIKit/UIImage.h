@@ -13,9 +13,8 @@ class UIImage : public Foundation::NSObject {
 public:
     static const Foundation::Class& classObject();
 
-    using Foundation::NSObject::init;
-
     /// Without pixels, or without a drawing, there is no image.
+    bool init() override { return false; }
     virtual bool init(const std::shared_ptr<const CoreGraphics::CGImage>& pixels);
     virtual bool init(const std::shared_ptr<const CoreGraphics::CGDrawing>& drawing);
 

@@ -30,8 +30,8 @@ struct UITouch {
     /// The view that the touch went down on and that hears all of it.
     std::shared_ptr<UIView> view;
 
-    /// The location in a view's own coordinates; the origin for a view that is no longer in the touched
-    /// window or is scaled to nothing.
+    /// The location in a view's own coordinates; the origin for a view that is in no window or is scaled to
+    /// nothing.
     CoreGraphics::CGPoint locationInView(const UIView& in) const;
     CoreGraphics::CGPoint previousLocationInView(const UIView& in) const;
 };

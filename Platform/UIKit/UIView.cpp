@@ -33,6 +33,11 @@ AnimatedValues valuesOf(const UIColor* color) {
 
 bool isPlain(const UIColor* color) { return !color || !color->patternImage(); }
 
+bool looksLike(const UIColor* a, const UIColor* b) {
+    return isPlain(a) ? isPlain(b) && valuesOf(a) == valuesOf(b)
+                      : !isPlain(b) && a->patternImage() == b->patternImage();
+}
+
 } // namespace
 
 const Foundation::Class& UIView::classObject() {
@@ -77,8 +82,14 @@ void UIView::dealloc() {
         animation.group->interrupt();
     }
     animations_.clear();
-    for (const std::shared_ptr<UIView>& subview : subviews_) {
+    const std::vector<std::shared_ptr<UIView>> subviews = std::exchange(subviews_, {});
+    for (const std::shared_ptr<UIView>& subview : subviews) {
         subview->superview_ = nullptr;
+    }
+    if (isWindow_) {
+        for (const std::shared_ptr<UIView>& subview : subviews) {
+            subview->notifyMovedToWindow();
+        }
     }
     NSObject::dealloc();
 }
@@ -140,7 +151,7 @@ void UIView::resizeSubviews(const CGSize& oldSize) {
     const CGSize newSize = geometry_.box().size;
     const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
     for (const std::shared_ptr<UIView>& subview : subviews) {
-        if (subview->autoresizingMask_ != UIViewAutoresizingNone) {
+        if (subview->superview_ == this && subview->autoresizingMask_ != UIViewAutoresizingNone) {
             subview->setFrame(
                 autoresizedFrame(subview->frame(), subview->autoresizingMask_, oldSize, newSize));
         }
@@ -178,18 +189,25 @@ void UIView::insertSubview(const std::shared_ptr<UIView>& view, std::size_t inde
     if (!view) {
         Foundation::fatalError("Adding no view as a subview of '" + isa().name() + "'");
     }
+    if (view->isWindow_) {
+        Foundation::fatalError("Adding a window as a subview of '" + isa().name() + "'");
+    }
     const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     const std::shared_ptr<UIView> added = view;
-    const UIWindow* oldWindow = added->containingWindow();
-    if (added->superview_ && added->superview_ != this) {
+    if (added->superview_ != this) {
         added->removeFromSuperview();
-        oldWindow = nullptr;
     }
-    // Not earlier: taking it out cancels touches, and whoever hears of that may rearrange the tree.
+    // Not earlier: whoever hears of the removal may rearrange the tree, and put the view elsewhere again.
     if (isDescendantOfView(*added)) {
         Foundation::fatalError("Adding a view of class '" + added->isa().name() +
                                "' to itself or to one inside it");
     }
+    if (added->superview_ == this) {
+        moveSubview(added, index);
+        return;
+    }
+    const UIWindow* oldWindow = added->containingWindow();
+    added->invalidateExtent();
     added->detach();
     subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews_.size())),
                      added);
@@ -200,19 +218,24 @@ void UIView::insertSubview(const std::shared_ptr<UIView>& view, std::size_t inde
     }
 }
 
-void UIView::bringSubviewToFront(const std::shared_ptr<UIView>& view) {
-    const auto found = std::find(subviews_.begin(), subviews_.end(), view);
-    if (found != subviews_.end()) {
-        std::rotate(found, found + 1, subviews_.end());
-        view->invalidateExtent();
-    }
-}
+void UIView::bringSubviewToFront(const std::shared_ptr<UIView>& view) { moveSubview(view, subviews_.size()); }
 
-void UIView::sendSubviewToBack(const std::shared_ptr<UIView>& view) {
-    const auto found = std::find(subviews_.begin(), subviews_.end(), view);
-    if (found != subviews_.end()) {
-        std::rotate(subviews_.begin(), found, found + 1);
-        view->invalidateExtent();
+void UIView::sendSubviewToBack(const std::shared_ptr<UIView>& view) { moveSubview(view, 0); }
+
+void UIView::moveSubview(const std::shared_ptr<UIView>& view, std::size_t index) {
+    const auto from = std::find(subviews_.begin(), subviews_.end(), view);
+    if (from == subviews_.end()) {
+        return;
+    }
+    const auto to = subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews_.size() - 1));
+    if (from == to) {
+        return;
+    }
+    (*from)->invalidateExtent();
+    if (from < to) {
+        std::rotate(from, from + 1, to + 1);
+    } else {
+        std::rotate(to, from, from + 1);
     }
 }
 
@@ -220,12 +243,15 @@ void UIView::removeFromSuperview() {
     if (!superview_) {
         return;
     }
-    const std::shared_ptr<UIWindow> oldWindow = window();
     const std::shared_ptr<UIView> alive = self(this);
+    // While the view is still in its place: a cancellation is handed on to those around it.
+    if (const std::shared_ptr<UIWindow> touched = window()) {
+        touched->cancelTouchesIn(*this);
+    }
+    const bool wasInWindow = containingWindow() != nullptr;
     invalidateExtent();
     detach();
-    if (oldWindow) {
-        oldWindow->cancelTouchesIn(*this);
+    if (wasInWindow) {
         notifyMovedToWindow();
     }
 }
@@ -246,11 +272,15 @@ void UIView::detach() {
     }
 }
 
+// What is added or taken out meanwhile hears of it by itself.
 void UIView::notifyMovedToWindow() {
-    didMoveToWindow();
+    const UIWindow* newWindow = containingWindow();
     const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
+    didMoveToWindow();
     for (const std::shared_ptr<UIView>& subview : subviews) {
-        subview->notifyMovedToWindow();
+        if (subview->superview_ == this && containingWindow() == newWindow) {
+            subview->notifyMovedToWindow();
+        }
     }
 }
 
@@ -289,10 +319,9 @@ void UIView::setOpaque(bool opaque) { isOpaque_ = opaque; }
 std::shared_ptr<UIColor> UIView::backgroundColor() const { return backgroundColor_; }
 
 void UIView::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
-    if (color == backgroundColor_) {
-        return;
-    }
-    if (isPlain(color.get()) && isPlain(backgroundColor_.get())) {
+    if (looksLike(color.get(), backgroundColor_.get())) {
+        backgroundColor_ = color;
+    } else if (isPlain(color.get()) && isPlain(backgroundColor_.get())) {
         change(AnimatedProperty::BackgroundColor, [&] { backgroundColor_ = color; });
     } else {
         dropAnimation(AnimatedProperty::BackgroundColor);
@@ -321,7 +350,9 @@ std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
     if (isHidden_ || !(alpha_ >= leastTouchableAlpha) || !isUserInteractionEnabled_ || !pointInside(point)) {
         return nullptr;
     }
-    for (auto each = subviews_.rbegin(); each != subviews_.rend(); ++each) {
+    const std::shared_ptr<UIView> alive = self(this);
+    const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
+    for (auto each = subviews.rbegin(); each != subviews.rend(); ++each) {
         if (const std::optional<CGAffineTransform> inwards = (*each)->geometry_.fromSuperview()) {
             if (std::shared_ptr<UIView> hit =
                     (*each)->hitTest(CGPointApplyAffineTransform(point, *inwards))) {
@@ -329,7 +360,7 @@ std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
             }
         }
     }
-    return self(this);
+    return alive;
 }
 
 bool UIView::pointInside(const CGPoint& point) const {
@@ -444,23 +475,33 @@ void UIView::change(AnimatedProperty property, Change&& change) {
 }
 
 void UIView::recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to) {
+    const std::shared_ptr<AnimationGroup>& group = Animator::recordingGroup();
+    const auto present = findAnimation(property);
+    if (present != animations_.end() && present->group == group) {
+        present->to = to;
+        return;
+    }
     dropAnimation(property);
-    if (const std::shared_ptr<AnimationGroup>& group = Animator::recordingGroup()) {
-        if (const std::shared_ptr<NSObject> alive = weak_from_this().lock()) {
-            group->add(std::static_pointer_cast<UIView>(alive));
-            animations_.push_back({property, from, to, group});
-        }
+    if (!group) {
+        return;
+    }
+    if (const std::shared_ptr<NSObject> alive = weak_from_this().lock()) {
+        group->add(std::static_pointer_cast<UIView>(alive));
+        animations_.push_back({property, from, to, group});
     }
 }
 
 void UIView::dropAnimation(AnimatedProperty property) {
-    const auto found =
-        std::find_if(animations_.begin(), animations_.end(),
-                     [property](const PropertyAnimation& each) { return each.property == property; });
-    if (found != animations_.end()) {
-        found->group->interrupt();
-        animations_.erase(found);
+    const auto present = findAnimation(property);
+    if (present != animations_.end()) {
+        present->group->interrupt();
+        animations_.erase(present);
     }
+}
+
+std::vector<PropertyAnimation>::iterator UIView::findAnimation(AnimatedProperty property) {
+    return std::find_if(animations_.begin(), animations_.end(),
+                        [property](const PropertyAnimation& each) { return each.property == property; });
 }
 
 void UIView::dropAnimations(const AnimationGroup& group) {
@@ -471,6 +512,11 @@ void UIView::dropAnimations(const AnimationGroup& group) {
 bool UIView::isAnimating(AnimatedProperty property) const {
     return std::any_of(animations_.begin(), animations_.end(),
                        [property](const PropertyAnimation& each) { return each.property == property; });
+}
+
+bool UIView::isAnimatedBy(const AnimationGroup& group) const {
+    return std::any_of(animations_.begin(), animations_.end(),
+                       [&group](const PropertyAnimation& each) { return each.group.get() == &group; });
 }
 
 AnimatedValues UIView::modelValues(AnimatedProperty property) const {

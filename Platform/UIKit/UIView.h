@@ -65,8 +65,8 @@ public:
     /// From back to front. Copy it before calling anything that may change it.
     virtual const std::vector<std::shared_ptr<UIView>>& subviews() const;
 
-    /// Puts `view` on top, taking it out of where it was. Adding nothing, the view itself or one that
-    /// contains it is a fatal report.
+    /// Puts `view` on top, taking it out of where it was. Adding nothing, a window, the view itself or one
+    /// that contains it is a fatal report.
     virtual void addSubview(const std::shared_ptr<UIView>& view);
 
     /// The same at a place among the subviews, 0 at the back; one beyond the end is the top.
@@ -123,8 +123,8 @@ public:
     virtual void touchesEnded(const UITouch& touch);
     virtual void touchesCancelled(const UITouch& touch);
 
-    /// Draws the view's own content between its background and its subviews, in its own coordinates. Must not
-    /// change any view.
+    /// Draws the view's own content between its background and its subviews, in its own coordinates and
+    /// inside its bounds; `rect` is the part that is needed. Must not change any view.
     virtual void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect);
 
     /// Marks the content as changed. Property changes do so by themselves.
@@ -134,8 +134,9 @@ public:
     /// `delay`, over `duration` (both in seconds; none if they are negative or not a number). `completion` is
     /// called exactly once, in a later turn of the current run loop: with true when the time has passed or at
     /// the next turn where nothing changed; with false when another change took one of the properties over or
-    /// a view is gone. Frame, bounds, centre, transform, alpha and plain background colours travel. A
-    /// property that is set outside an animation is there at once.
+    /// a view is gone; not at all when the run loop goes first. Frame, bounds, centre, transform, alpha and
+    /// plain background colours travel. A property that is set outside an animation is there at once, and
+    /// setting what is set already changes nothing.
     static void animateWithDuration(double duration, double delay, UIViewAnimationOptions options,
                                     const std::function<void()>& animations,
                                     std::function<void(bool finished)> completion = nullptr);
@@ -171,6 +172,8 @@ private:
     ViewGeometry presentedGeometry() const;
     CoreGraphics::CGFloat presentedAlpha() const;
     bool isAnimating(AnimatedProperty property) const;
+    bool isAnimatedBy(const AnimationGroup& group) const;
+    std::vector<PropertyAnimation>::iterator findAnimation(AnimatedProperty property);
 
     template <class Change>
     void change(AnimatedProperty property, Change&& change);
@@ -187,6 +190,7 @@ private:
     CoreGraphics::CGRect presentedExtent() const;
 
     UIWindow* containingWindow() const;
+    void moveSubview(const std::shared_ptr<UIView>& view, std::size_t index);
     void detach();
     void notifyMovedToWindow();
     CoreGraphics::CGAffineTransform toRoot() const;

@@ -33,61 +33,69 @@ void UIWindow::dealloc() {
     UIView::dealloc();
 }
 
+std::vector<UIWindow::Capture>::iterator UIWindow::findCapture(UITouchIdentifier identifier) {
+    return std::find_if(captures_.begin(), captures_.end(),
+                        [identifier](const Capture& each) { return each.touch.identifier == identifier; });
+}
+
 void UIWindow::sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const CGPoint& location) {
     const std::shared_ptr<UIWindow> alive = self(this);
-    const auto found = std::find_if(touches_.begin(), touches_.end(), [identifier](const UITouch& each) {
-        return each.identifier == identifier;
-    });
     const double now = Foundation::NSRunLoop::currentRunLoop().now();
+    auto found = findCapture(identifier);
     if (phase == UITouchPhase::Began) {
-        const std::shared_ptr<UIView> view = found == touches_.end() ? hitTest(location) : nullptr;
+        const std::shared_ptr<UIView> view = found == captures_.end() ? hitTest(location) : nullptr;
         if (view) {
-            const UITouch touch{identifier, phase, now, location, location, view};
-            touches_.push_back(touch);
-            deliver(touch);
+            captures_.push_back({{identifier, phase, now, location, location, nullptr}, view});
+            deliver(Capture(captures_.back()));
         }
         return;
     }
-    if (found == touches_.end()) {
+    if (found == captures_.end()) {
         return;
     }
-    found->phase = phase;
-    found->timestamp = now;
-    found->previousLocation = found->location;
-    found->location = location;
-    const UITouch touch = *found;
+    found->touch.phase = phase;
+    found->touch.timestamp = now;
+    found->touch.previousLocation = std::exchange(found->touch.location, location);
+    const Capture capture = *found;
     if (phase != UITouchPhase::Moved) {
-        touches_.erase(found);
+        captures_.erase(found);
     }
-    deliver(touch);
+    deliver(capture);
 }
 
 void UIWindow::cancelTouches() {
-    while (!touches_.empty()) {
-        cancelTouch(0);
+    // None while the window is torn down, when no call can end it any more.
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    while (!captures_.empty()) {
+        cancel(captures_.begin());
     }
 }
 
 void UIWindow::cancelTouchesIn(const UIView& subtree) {
     // From the start after each: whoever hears of a cancellation may end other touches.
-    for (std::size_t index = 0; index < touches_.size();) {
-        if (touches_[index].view->isDescendantOfView(subtree)) {
-            cancelTouch(index);
-            index = 0;
-        } else {
-            ++index;
-        }
+    const auto isInside = [&subtree](const Capture& each) {
+        const std::shared_ptr<UIView> view = each.view.lock();
+        return view && view->isDescendantOfView(subtree);
+    };
+    for (auto found = std::find_if(captures_.begin(), captures_.end(), isInside); found != captures_.end();
+         found = std::find_if(captures_.begin(), captures_.end(), isInside)) {
+        cancel(found);
     }
 }
 
-void UIWindow::cancelTouch(std::size_t index) {
-    UITouch touch = touches_[index];
-    touches_.erase(touches_.begin() + static_cast<std::ptrdiff_t>(index));
-    touch.phase = UITouchPhase::Cancelled;
-    deliver(touch);
+void UIWindow::cancel(std::vector<Capture>::iterator found) {
+    Capture capture = *found;
+    captures_.erase(found);
+    capture.touch.phase = UITouchPhase::Cancelled;
+    deliver(capture);
 }
 
-void UIWindow::deliver(const UITouch& touch) {
+void UIWindow::deliver(const Capture& capture) {
+    UITouch touch = capture.touch;
+    touch.view = capture.view.lock();
+    if (!touch.view) {
+        return;
+    }
     switch (touch.phase) {
     case UITouchPhase::Began:
         touch.view->touchesBegan(touch);
@@ -123,6 +131,10 @@ void UIWindow::damage(const CGRect& rect) {
     const CGFloat top = std::floor(CGRectGetMinY(visible) * scale) / scale;
     const CGFloat right = std::ceil(CGRectGetMaxX(visible) * scale) / scale;
     const CGFloat bottom = std::ceil(CGRectGetMaxY(visible) * scale) / scale;
+    // Everything includes what was noted before, which may lie outside now: the window was smaller since.
+    if (visible == bounds()) {
+        damage_ = {};
+    }
     damage_.add({{left, top}, {right - left, bottom - top}});
 }
 
@@ -132,7 +144,9 @@ void UIWindow::display(CGContext& context) {
         context.saveState();
         context.clipToRect(rect);
         context.clearRect(rect);
-        ViewRenderer(context).drawContents(*this, rect);
+        if (isVisible()) {
+            ViewRenderer(context).draw(*this, rect);
+        }
         context.restoreState();
     }
 }

@@ -50,15 +50,21 @@ protected:
 private:
     friend class UIView;
 
+    /// A touch that is down. It must not hold the view, which may be the window itself.
+    struct Capture {
+        UITouch touch;
+        std::weak_ptr<UIView> view;
+    };
+
     void damage(const CoreGraphics::CGRect& rect);
     void cancelTouchesIn(const UIView& subtree);
-    void deliver(const UITouch& touch);
-
-    void cancelTouch(std::size_t index);
+    std::vector<Capture>::iterator findCapture(UITouchIdentifier identifier);
+    void cancel(std::vector<Capture>::iterator found);
+    static void deliver(const Capture& capture);
 
     CoreGraphics::CGFloat contentScale_ = 1.0;
     DamageRegion damage_;
-    std::vector<UITouch> touches_;
+    std::vector<Capture> captures_;
 };
 
 } // namespace UIKit

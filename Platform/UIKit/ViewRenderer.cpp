@@ -8,17 +8,29 @@ namespace UIKit {
 
 using namespace CoreGraphics;
 
+void ViewRenderer::draw(UIView& view, const CGRect& dirty) {
+    const CGFloat alpha = view.presentedAlpha();
+    if (alpha < 1.0) {
+        context_.beginGroup(alpha, view.presentedExtent());
+        drawContents(view, dirty);
+        context_.endGroup();
+    } else {
+        drawContents(view, dirty);
+    }
+}
+
 void ViewRenderer::drawContents(UIView& view, const CGRect& dirty) {
     const CGRect bounds = view.presentedGeometry().bounds();
+    const CGRect dirtyContent = CGRectIntersection(bounds, dirty);
     if (view.clipsToBounds_) {
         context_.clipToRect(bounds);
     }
-    if (CGRectIntersectsRect(bounds, dirty)) {
+    if (!CGRectIsEmpty(dirtyContent)) {
         drawBackground(view, bounds);
-        view.drawRect(context_, dirty);
+        view.drawRect(context_, dirtyContent);
     }
     for (const std::shared_ptr<UIView>& subview : view.subviews_) {
-        drawSubview(*subview, dirty);
+        drawSubview(*subview, view.clipsToBounds_ ? dirtyContent : dirty);
     }
 }
 
@@ -32,20 +44,12 @@ void ViewRenderer::drawSubview(UIView& view, const CGRect& dirtyInSuperview) {
         return;
     }
     const CGRect dirty = CGRectApplyAffineTransform(dirtyInSuperview, *inwards);
-    const CGRect extent = view.presentedExtent();
-    if (!CGRectIntersectsRect(extent, dirty)) {
+    if (!CGRectIntersectsRect(view.presentedExtent(), dirty)) {
         return;
     }
-    const CGFloat alpha = view.presentedAlpha();
     context_.saveState();
     context_.concatenate(outwards);
-    if (alpha < 1.0) {
-        context_.beginGroup(alpha, extent);
-        drawContents(view, dirty);
-        context_.endGroup();
-    } else {
-        drawContents(view, dirty);
-    }
+    draw(view, dirty);
     context_.restoreState();
 }
 

@@ -11,11 +11,12 @@ class ViewRenderer {
 public:
     explicit ViewRenderer(CoreGraphics::CGContext& context) : context_(context) {}
 
-    /// Draws a view's background, content and subviews where they meet `dirty`, all in the view's own
-    /// coordinates.
-    void drawContents(UIView& view, const CoreGraphics::CGRect& dirty);
+    /// Draws a visible view, faded if it is partly transparent, where it meets `dirty`, all in the view's own
+    /// coordinates. The context's state is the caller's to restore.
+    void draw(UIView& view, const CoreGraphics::CGRect& dirty);
 
 private:
+    void drawContents(UIView& view, const CoreGraphics::CGRect& dirty);
     void drawSubview(UIView& view, const CoreGraphics::CGRect& dirtyInSuperview);
     void drawBackground(const UIView& view, const CoreGraphics::CGRect& bounds);
 

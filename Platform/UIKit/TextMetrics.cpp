@@ -21,13 +21,18 @@ public:
         const auto first = static_cast<unsigned char>(text_[next_++]);
         const int following = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
         std::uint32_t character = following == 0 ? first : first & (0x3FU >> following);
-        for (int count = 0; count < following && isContinuation(); ++count) {
+        for (int count = 0; count < following; ++count) {
+            if (!isContinuation()) {
+                return replacement;
+            }
             character = character << 6U | (static_cast<unsigned char>(text_[next_++]) & 0x3FU);
         }
         return character;
     }
 
 private:
+    static constexpr std::uint32_t replacement = 0xFFFD;
+
     bool isContinuation() const {
         return !isAtEnd() && (static_cast<unsigned char>(text_[next_]) & 0xC0U) == 0x80U;
     }

@@ -14,7 +14,8 @@ void MessageView::setText(std::string text) {
 void MessageView::drawRect(CGContext& context, const CGRect& /*rect*/) {
     constexpr CGFloat radius = 12.0;
     constexpr CGFloat padding = 16.0;
-    constexpr CGColor plate{0.0, 0.0, 0.0, 0.65};
+    // Lighter than black, for there is often no picture where there is a message.
+    constexpr CGColor plate{0.17, 0.17, 0.19, 0.9};
     const CGTextStyle style{.font = {.size = 16.0, .weight = CGFontWeight::Medium},
                             .color = {1.0, 1.0, 1.0, 1.0},
                             .alignment = CGTextAlignment::Center,

@@ -91,8 +91,12 @@ bool DesktopWindow::makeWindow(Uint32 flags) {
     }
     const double density = pixelSize().width / screenSize(window_.get()).width;
     scale_ = settings_.scale.value_or(density);
-    SDL_SetWindowSize(window_.get(), static_cast<int>(std::lround(settings_.size.width * scale_ / density)),
-                      static_cast<int>(std::lround(settings_.size.height * scale_ / density)));
+    if (scale_ != density) {
+        SDL_SetWindowSize(window_.get(),
+                          static_cast<int>(std::lround(settings_.size.width * scale_ / density)),
+                          static_cast<int>(std::lround(settings_.size.height * scale_ / density)));
+        SDL_SetWindowPosition(window_.get(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
+    }
     views_->setContentScale(scale_);
     return true;
 }

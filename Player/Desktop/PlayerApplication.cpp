@@ -4,6 +4,7 @@
 #include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/SoundOutput.h"
 
+#include <cctype>
 #include <filesystem>
 #include <iostream>
 
@@ -26,6 +27,12 @@ Desktop::DesktopWindow::Drawing drawing(Options::Drawing wanted) {
 MpvFilm::Sound sound(Options::Sound wanted) {
     return wanted == Options::Sound::On && hasSoundOutput() ? MpvFilm::Sound::Audible
                                                             : MpvFilm::Sound::Silent;
+}
+
+// "cannot play" stands after the program's name on the error output, and alone in the window.
+std::string sentence(std::string text) {
+    text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
+    return text + ".";
 }
 
 std::string windowTitle(const std::string& location) {
@@ -70,7 +77,7 @@ void PlayerApplication::filmHasNews() {
     if (film_.failure() && !hasFailed_) {
         hasFailed_ = true;
         std::cerr << "kivplayer: " << *film_.failure() << '\n';
-        overlay_->showMessage(*film_.failure());
+        overlay_->showMessage(sentence(*film_.failure()));
     }
 }
 

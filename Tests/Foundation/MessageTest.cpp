@@ -95,6 +95,31 @@ TEST(MessageTest, AnOverrideOfASubclassRuns) {
     EXPECT_EQ(lamp->send<float>("level"), 1.0F);
 }
 
+TEST(MessageTest, MethodsThatMeetInOneSlotAreAllSent) {
+    // Selectors count up: those 64 apart meet in every table of up to 64 slots.
+    static const SEL first = "ticksAtFirst:";
+    static SEL second = first;
+    for (int number = 0; second == first || (second.hash() - first.hash()) % 64 != 0; ++number) {
+        second = "ticksAsNumber" + std::to_string(number) + ":";
+    }
+    class Collision : public Lamp {
+    public:
+        static const Class& classObject() {
+            static const Class& object = ClassBuilder<Collision, Lamp>("Tests.Collision")
+                                             .method<&Collision::onTick>(first)
+                                             .method<&Collision::down>(second)
+                                             .build();
+            return object;
+        }
+        void down(std::int64_t count) { ticks_ -= count; }
+    };
+    const auto collision = make<Collision>(5.0);
+    collision->send(first, 100);
+    collision->send(second, 1);
+    EXPECT_EQ(collision->ticks_, 99);
+    EXPECT_TRUE(collision->respondsToSelector(second));
+}
+
 TEST(MessageTest, AReceiverMayDropTheLastReferenceToItselfMeanwhile) {
     class Last : public Lamp {
     public:

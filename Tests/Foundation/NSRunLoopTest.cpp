@@ -284,7 +284,10 @@ TEST_F(NSRunLoopTest, TheLoopMadeLastIsTheCurrentOne) {
 TEST_F(NSRunLoopTest, LoopsMayEndInAnyOrder) {
     auto second = std::make_unique<NSRunLoop>(clock);
     auto third = std::make_unique<NSRunLoop>(clock);
+    auto fourth = std::make_unique<NSRunLoop>(clock);
     second.reset();
+    EXPECT_EQ(&NSRunLoop::currentRunLoop(), fourth.get());
+    fourth.reset();
     EXPECT_EQ(&NSRunLoop::currentRunLoop(), third.get());
     third.reset();
     EXPECT_EQ(&NSRunLoop::currentRunLoop(), &loop);

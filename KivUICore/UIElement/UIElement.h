@@ -13,6 +13,8 @@ class UIElement {
 public:
     /// `view` is a control, not nothing; `size` in columns is kept as given, 0 and below too.
     UIElement(std::shared_ptr<UIComponent> view, std::int64_t size);
+    UIElement(const UIElement&) = delete;
+    UIElement& operator=(const UIElement&) = delete;
 
     std::int64_t size() const { return size_; }
     const std::shared_ptr<UIComponent>& view() const { return view_; }

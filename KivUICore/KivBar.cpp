@@ -78,15 +78,20 @@ const Foundation::Class& KivBar::classObject() {
 
 std::shared_ptr<UIView> KivBar::superview() const { return superview_; }
 
-void KivBar::setSuperview(const std::shared_ptr<UIView>& superview) { superview_ = superview; }
+// What a setter lets go ends when its successor is in place: whatever its end calls may look here.
+void KivBar::setSuperview(const std::shared_ptr<UIView>& superview) {
+    std::shared_ptr(superview).swap(superview_);
+}
 
 std::shared_ptr<UIView> KivBar::view() const { return view_; }
 
-void KivBar::setView(const std::shared_ptr<UIView>& view) { view_ = view; }
+void KivBar::setView(const std::shared_ptr<UIView>& view) { std::shared_ptr(view).swap(view_); }
 
 std::shared_ptr<NSTimer> KivBar::autoHideTimer() const { return autoHideTimer_; }
 
-void KivBar::setAutoHideTimer(const std::shared_ptr<NSTimer>& timer) { autoHideTimer_ = timer; }
+void KivBar::setAutoHideTimer(const std::shared_ptr<NSTimer>& timer) {
+    std::shared_ptr(timer).swap(autoHideTimer_);
+}
 
 double KivBar::delay() const { return delay_; }
 
@@ -94,7 +99,7 @@ void KivBar::setDelay(double delay) { delay_ = delay; }
 
 std::optional<KivBar::Elemets> KivBar::elemets() const { return elemets_; }
 
-void KivBar::setElemets(const std::optional<Elemets>& elemets) { elemets_ = elemets; }
+void KivBar::setElemets(const std::optional<Elemets>& elemets) { std::optional(elemets).swap(elemets_); }
 
 std::optional<CGFloat> KivBar::columnSize() const { return columnSize_; }
 
@@ -106,7 +111,16 @@ void KivBar::setBarFrame(const std::optional<CGRect>& barFrame) { barFrame_ = ba
 
 // Construction
 
+void KivBar::startEmpty() {
+    autoHideTimer_ = nullptr;
+    delay_ = 0.0;
+    elemets_.reset();
+    columnSize_.reset();
+    barFrame_.reset();
+}
+
 bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame) {
+    startEmpty();
     barFrame_ = frame;
     columnSize_ = CGRectGetWidth(frame) / columns_;
     superview_ = superview;
@@ -118,6 +132,7 @@ bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame)
 
 bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
                   const std::shared_ptr<UIColor>& backgroundColor) {
+    startEmpty();
     superview_ = superview;
     view_ = make<UIView>(frame);
     superview_->addSubview(view_);
@@ -128,6 +143,7 @@ bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
 
 bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
                   const std::shared_ptr<UIImage>& backgroundImage) {
+    startEmpty();
     superview_ = superview;
     view_ = make<UIView>(frame);
     superview_->addSubview(view_);
@@ -137,6 +153,7 @@ bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
 }
 
 bool KivBar::init(const std::shared_ptr<UIView>& superview, const std::shared_ptr<UIView>& view) {
+    startEmpty();
     view_ = view;
     superview_ = superview;
     return NSObject::init();
@@ -180,6 +197,7 @@ void KivBar::resetAutoHide() {
     if (!(delay() > 0.0)) {
         return;
     }
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     if (const std::shared_ptr<NSTimer> timer = autoHideTimer()) {
         timer->invalidate();
     }
@@ -239,10 +257,13 @@ CGFloat KivBar::getCurrentWidth() const {
 }
 
 void KivBar::addElementToView(const std::shared_ptr<UIComponent>& component, std::int64_t size) {
+    // Taking a control out of where it was may cancel a touch, and whoever hears of that may let both go.
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    const std::shared_ptr<UIComponent> placed = component;
     if (elemets()) {
-        placeFurther(component, size);
+        placeFurther(placed, size);
     } else {
-        placeFirst(component, size);
+        placeFirst(placed, size);
     }
 }
 
@@ -287,6 +308,9 @@ void KivBar::finishPlacing(const std::shared_ptr<UIView>& slot, const std::share
 }
 
 void KivBar::clean() {
+    // Nothing in tear-down. Otherwise its timer, or an observer that owns it, may have been what held the
+    // bar.
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     if (const std::shared_ptr<NSTimer> timer = autoHideTimer()) {
         timer->invalidate();
     }

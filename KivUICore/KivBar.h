@@ -131,6 +131,7 @@ protected:
     void dealloc() override;
 
 private:
+    void startEmpty();
     void placeFirst(const std::shared_ptr<UIComponent>& component, std::int64_t size);
     void placeFurther(const std::shared_ptr<UIComponent>& component, std::int64_t size);
     void finishPlacing(const std::shared_ptr<UIKit::UIView>& slot,

@@ -31,6 +31,7 @@ bool Button::init(const std::shared_ptr<UIButton>& view, std::function<void()> a
     if (!UIComponent::init()) {
         return false;
     }
+    actionClosure_ = nullptr;
     setView(view);
     actionClosure_ = std::move(action);
     if (const std::shared_ptr<UIButton> control = button()) {
@@ -41,9 +42,7 @@ bool Button::init(const std::shared_ptr<UIButton>& view, std::function<void()> a
 
 bool Button::init() { Foundation::unimplementedInitializer("init()", "KivUICore.Button"); }
 
-void Button::setActionClosure(std::function<void()> actionClosure) {
-    actionClosure_ = std::move(actionClosure);
-}
+void Button::setActionClosure(std::function<void()> actionClosure) { actionClosure_.swap(actionClosure); }
 
 std::shared_ptr<UIButton> Button::button() const { return Foundation::as<UIButton>(view()); }
 

@@ -53,6 +53,8 @@ bool SeekBar::init(const std::shared_ptr<UISlider>& view, const std::shared_ptr<
     if (!UIComponent::init()) {
         return false;
     }
+    airplayButton_ = nullptr;
+    player_ = nullptr;
     setView(view);
     setObserver(observer);
     player_ = player;
@@ -88,12 +90,12 @@ void SeekBar::registerActions() {
 std::shared_ptr<MPVolumeView> SeekBar::airplayButton() const { return airplayButton_; }
 
 void SeekBar::setAirplayButton(const std::shared_ptr<MPVolumeView>& airplayButton) {
-    airplayButton_ = airplayButton;
+    std::shared_ptr(airplayButton).swap(airplayButton_);
 }
 
 std::shared_ptr<KivPlayer> SeekBar::player() const { return player_; }
 
-void SeekBar::setPlayer(const std::shared_ptr<KivPlayer>& player) { player_ = player; }
+void SeekBar::setPlayer(const std::shared_ptr<KivPlayer>& player) { std::shared_ptr(player).swap(player_); }
 
 std::shared_ptr<UISlider> SeekBar::slider() const { return Foundation::as<UISlider>(view()); }
 

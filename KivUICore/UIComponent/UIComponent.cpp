@@ -15,11 +15,14 @@ const Foundation::Class& UIComponent::classObject() {
 
 std::shared_ptr<UIKit::UIView> UIComponent::view() const { return view_; }
 
-void UIComponent::setView(const std::shared_ptr<UIKit::UIView>& view) { view_ = view; }
+// What a setter lets go ends when its successor is in place: whatever its end calls may look here.
+void UIComponent::setView(const std::shared_ptr<UIKit::UIView>& view) { std::shared_ptr(view).swap(view_); }
 
 std::shared_ptr<UIEventObserver> UIComponent::observer() const { return observer_; }
 
-void UIComponent::setObserver(const std::shared_ptr<UIEventObserver>& observer) { observer_ = observer; }
+void UIComponent::setObserver(const std::shared_ptr<UIEventObserver>& observer) {
+    std::shared_ptr(observer).swap(observer_);
+}
 
 bool UIComponent::init() {
     view_ = nullptr;

@@ -498,8 +498,8 @@ TEST_F(NSTimerTest, TimersAreReachedByName) {
     EXPECT_FALSE(timer->isValid());
 }
 
-TEST_F(NSTimerTest, AHundredThousandTimersFireInOrder) {
-    constexpr int count = 100'000;
+TEST_F(NSTimerTest, ManyTimersFireInOrder) {
+    constexpr int count = 20'000;
     std::vector<int> order;
     for (int index = 0; index < count; ++index) {
         schedule(static_cast<double>((index * 7919LL) % count),

@@ -438,22 +438,29 @@ void UIView::invalidateRect(const CGRect& rect) {
         if (!each->superview_) {
             return;
         }
-        area = CGRectApplyAffineTransform(area, geometry.toSuperview());
+        area = geometry.rectToSuperview(area);
     }
 }
 
 CGRect UIView::presentedExtent() const {
-    CGRect extent = presentedGeometry().bounds();
+    CGRect extent = presentedBounds();
     if (!clipsToBounds_) {
         for (const std::shared_ptr<UIView>& subview : subviews_) {
             if (subview->isVisible()) {
-                extent = CGRectUnion(extent,
-                                     CGRectApplyAffineTransform(subview->presentedExtent(),
-                                                                subview->presentedGeometry().toSuperview()));
+                const CGRect inside =
+                    subview->presentedGeometry().rectToSuperview(subview->presentedExtent());
+                extent = CGRectUnion(extent, inside);
             }
         }
     }
     return extent;
+}
+
+bool UIView::meets(const CGRect& area) const {
+    if (CGRectIntersectsRect(presentedBounds(), area)) {
+        return true;
+    }
+    return !clipsToBounds_ && !subviews_.empty() && CGRectIntersectsRect(presentedExtent(), area);
 }
 
 // Animation
@@ -565,7 +572,9 @@ CGFloat UIView::presentedAlpha() const {
     return animations_.empty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
 }
 
-CGRect UIView::presentedBounds() const { return presentedGeometry().bounds(); }
+CGRect UIView::presentedBounds() const {
+    return animations_.empty() ? geometry_.bounds() : presentedGeometry().bounds();
+}
 
 CGRect UIView::alignedToPixels(const CGRect& rect) const {
     CGPoint corner = rect.origin;

@@ -7,14 +7,14 @@ namespace UIKit {
 using namespace CoreGraphics;
 
 CGRect ViewGeometry::frame() const {
-    if (CGAffineTransformIsIdentity(transform_)) {
+    if (!isTransformed_) {
         return box_;
     }
     return CGRectApplyAffineTransform(bounds(), toSuperview());
 }
 
 void ViewGeometry::setFrame(const CGRect& frame) {
-    if (CGAffineTransformIsIdentity(transform_)) {
+    if (!isTransformed_) {
         box_ = frame;
         return;
     }
@@ -43,10 +43,19 @@ void ViewGeometry::setCenter(const CGPoint& center) {
     box_.origin = {center.x - box_.size.width / 2.0, center.y - box_.size.height / 2.0};
 }
 
+void ViewGeometry::setTransform(const CGAffineTransform& transform) {
+    transform_ = transform;
+    isTransformed_ = !CGAffineTransformIsIdentity(transform);
+}
+
+// From the view's own coordinates to its superview's, where there is no transform.
+CGPoint ViewGeometry::offset() const {
+    return {box_.origin.x - boundsOrigin_.x, box_.origin.y - boundsOrigin_.y};
+}
+
 CGAffineTransform ViewGeometry::toSuperview() const {
-    if (CGAffineTransformIsIdentity(transform_)) {
-        return CGAffineTransformMakeTranslation(box_.origin.x - boundsOrigin_.x,
-                                                box_.origin.y - boundsOrigin_.y);
+    if (!isTransformed_) {
+        return CGAffineTransformMakeTranslation(offset().x, offset().y);
     }
     const CGAffineTransform toCenter = CGAffineTransformMakeTranslation(
         -boundsOrigin_.x - box_.size.width / 2.0, -boundsOrigin_.y - box_.size.height / 2.0);
@@ -55,8 +64,21 @@ CGAffineTransform ViewGeometry::toSuperview() const {
                                    CGAffineTransformMakeTranslation(middle.x, middle.y));
 }
 
+CGRect ViewGeometry::rectToSuperview(const CGRect& rect) const {
+    return isTransformed_ ? CGRectApplyAffineTransform(rect, toSuperview())
+                          : CGRectOffset(rect, offset().x, offset().y);
+}
+
 std::optional<CGAffineTransform> ViewGeometry::fromSuperview() const {
     return CGAffineTransformInvert(toSuperview());
+}
+
+std::optional<CGRect> ViewGeometry::rectFromSuperview(const CGRect& rect) const {
+    if (!isTransformed_) {
+        return CGRectOffset(rect, -offset().x, -offset().y);
+    }
+    const std::optional<CGAffineTransform> inwards = fromSuperview();
+    return inwards ? std::optional(CGRectApplyAffineTransform(rect, *inwards)) : std::nullopt;
 }
 
 } // namespace UIKit

@@ -30,7 +30,7 @@ public:
     void setCenter(const CoreGraphics::CGPoint& center);
 
     const CoreGraphics::CGAffineTransform& transform() const { return transform_; }
-    void setTransform(const CoreGraphics::CGAffineTransform& transform) { transform_ = transform; }
+    void setTransform(const CoreGraphics::CGAffineTransform& transform);
 
     /// The three values themselves, for animations.
     const CoreGraphics::CGRect& box() const { return box_; }
@@ -40,14 +40,21 @@ public:
 
     /// From the view's own coordinates to its superview's.
     CoreGraphics::CGAffineTransform toSuperview() const;
+    CoreGraphics::CGRect rectToSuperview(const CoreGraphics::CGRect& rect) const;
 
     /// The way back; nothing when the view is scaled to a line or a point.
     std::optional<CoreGraphics::CGAffineTransform> fromSuperview() const;
+    std::optional<CoreGraphics::CGRect> rectFromSuperview(const CoreGraphics::CGRect& rect) const;
 
 private:
+    CoreGraphics::CGPoint offset() const;
+
     CoreGraphics::CGRect box_;
     CoreGraphics::CGPoint boundsOrigin_;
     CoreGraphics::CGAffineTransform transform_;
+
+    // Known beforehand: most views aren't, and every step of drawing asks.
+    bool isTransformed_ = false;
 };
 
 } // namespace UIKit

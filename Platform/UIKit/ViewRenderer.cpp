@@ -20,7 +20,7 @@ void ViewRenderer::draw(UIView& view, const CGRect& dirty) {
 }
 
 void ViewRenderer::drawContents(UIView& view, const CGRect& dirty) {
-    const CGRect bounds = view.presentedGeometry().bounds();
+    const CGRect bounds = view.presentedBounds();
     const CGRect dirtyContent = CGRectIntersection(bounds, dirty);
     if (view.clipsToBounds_) {
         context_.clipToRect(bounds);
@@ -38,18 +38,14 @@ void ViewRenderer::drawSubview(UIView& view, const CGRect& dirtyInSuperview) {
     if (!view.isVisible()) {
         return;
     }
-    const CGAffineTransform outwards = view.presentedGeometry().toSuperview();
-    const std::optional<CGAffineTransform> inwards = CGAffineTransformInvert(outwards);
-    if (!inwards) {
-        return;
-    }
-    const CGRect dirty = CGRectApplyAffineTransform(dirtyInSuperview, *inwards);
-    if (!CGRectIntersectsRect(view.presentedExtent(), dirty)) {
+    const ViewGeometry geometry = view.presentedGeometry();
+    const std::optional<CGRect> dirty = geometry.rectFromSuperview(dirtyInSuperview);
+    if (!dirty || !view.meets(*dirty)) {
         return;
     }
     context_.saveState();
-    context_.concatenate(outwards);
-    draw(view, dirty);
+    context_.concatenate(geometry.toSuperview());
+    draw(view, *dirty);
     context_.restoreState();
 }
 
@@ -60,9 +56,11 @@ void ViewRenderer::drawBackground(const UIView& view, const CGRect& bounds) {
             return;
         }
     }
-    const AnimatedValues values = view.presentedValues(AnimatedProperty::BackgroundColor);
-    if (values[3] > 0.0) {
-        context_.fillRect(bounds, {values[0], values[1], values[2], values[3]});
+    if (view.backgroundColor_ || !view.animations_.empty()) {
+        const AnimatedValues values = view.presentedValues(AnimatedProperty::BackgroundColor);
+        if (values[3] > 0.0) {
+            context_.fillRect(bounds, {values[0], values[1], values[2], values[3]});
+        }
     }
 }
 

@@ -142,4 +142,18 @@ TEST(ViewGeometryTest, WayToTheSuperviewAndBackMeet) {
     expectNear(CGPointApplyAffineTransform({45, 25}, *geometry.fromSuperview()), {100, 200});
 }
 
+TEST(ViewGeometryTest, RectanglesGoTheWayOfTheirPoints) {
+    ViewGeometry geometry = withFrame(CGRectMake(10, 20, 30, 40));
+    geometry.setBounds(CGRectMake(100, 200, 30, 40));
+    EXPECT_EQ(geometry.rectToSuperview(CGRectMake(101, 202, 3, 4)), CGRectMake(11, 22, 3, 4));
+    EXPECT_EQ(geometry.rectFromSuperview(CGRectMake(11, 22, 3, 4)), CGRectMake(101, 202, 3, 4));
+    geometry.setTransform(CGAffineTransformMakeScale(2, 2));
+    EXPECT_EQ(geometry.rectToSuperview(geometry.bounds()), geometry.frame());
+    expectNear(*geometry.rectFromSuperview(geometry.frame()), geometry.bounds());
+    geometry.setTransform(CGAffineTransformMakeScale(2, 0));
+    EXPECT_EQ(geometry.rectFromSuperview(geometry.frame()), std::nullopt);
+    geometry.setTransform({});
+    EXPECT_EQ(geometry.rectToSuperview(geometry.bounds()), CGRectMake(10, 20, 30, 40));
+}
+
 } // namespace

@@ -1,0 +1,127 @@
+#include "Hosts/Headless/HeadlessHost.h"
+
+#include "Platform/Foundation/NSTimer.h"
+#include "Tests/UIKit/TestViews.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CoreGraphics;
+using Foundation::NSRunLoop;
+using Foundation::NSTimer;
+using Headless::HeadlessHost;
+using UIKit::UIView;
+
+std::shared_ptr<NSTimer> schedule(double interval, bool repeats, const std::function<void()>& call) {
+    return NSTimer::scheduledTimerWithTimeInterval(
+        interval, repeats, std::function<void(NSTimer&)>([call](NSTimer&) { call(); }));
+}
+
+TEST(HeadlessHostTest, HasAWindowAndTheCurrentRunLoop) {
+    HeadlessHost host({640, 360});
+    EXPECT_EQ(host.window()->frame(), CGRectMake(0, 0, 640, 360));
+    EXPECT_EQ(&NSRunLoop::currentRunLoop(), &host.runLoop());
+    {
+        HeadlessHost inner({1, 1});
+        EXPECT_EQ(&NSRunLoop::currentRunLoop(), &inner.runLoop());
+    }
+    EXPECT_EQ(&NSRunLoop::currentRunLoop(), &host.runLoop());
+}
+
+TEST(HeadlessHostTest, AdvancingStopsWhereverThereIsWork) {
+    HeadlessHost host({10, 10});
+    std::vector<double> times;
+    const auto note = [&] { times.push_back(host.clock().now()); };
+    schedule(0.5, false, note);
+    schedule(0.25, false, [&] {
+        note();
+        schedule(0.5, false, note);
+    });
+    host.advance(2.0);
+    EXPECT_EQ(times, (std::vector<double>{0.25, 0.5, 0.75}));
+    EXPECT_EQ(host.clock().now(), 2.0);
+    EXPECT_EQ(host.runLoop().now(), 2.0);
+}
+
+TEST(HeadlessHostTest, AdvancingLeavesWhatIsLaterForLater) {
+    HeadlessHost host({10, 10});
+    int fired = 0;
+    schedule(1.0, false, [&] { ++fired; });
+    host.advance(0.9);
+    EXPECT_EQ(fired, 0);
+    host.advance(0.1);
+    EXPECT_EQ(fired, 1);
+}
+
+TEST(HeadlessHostTest, AdvancingByNothingIsOneTurn) {
+    HeadlessHost host({10, 10});
+    int fired = 0;
+    schedule(0.0, true, [&] { ++fired; });
+    host.advance(0.0);
+    EXPECT_EQ(fired, 1);
+    EXPECT_EQ(host.clock().now(), 0.0);
+}
+
+TEST(HeadlessHostTest, WorkThatIsAlwaysDueDoesNotHoldTimeUp) {
+    HeadlessHost host({10, 10});
+    int fired = 0;
+    schedule(0.0, true, [&] { ++fired; });
+    host.advance(1.0);
+    EXPECT_NEAR(fired, 1000, 2);
+    EXPECT_NEAR(host.clock().now(), 1.0, 1e-6);
+}
+
+TEST(HeadlessHostTest, ChainsOfAnyTimesEndInTime) {
+    HeadlessHost host({10, 10});
+    const auto view = makeView(CGRectMake(0, 0, 10, 10));
+    host.window()->addSubview(view);
+    for (int tenths = 1; tenths <= 30; ++tenths) {
+        const double duration = tenths * 0.1;
+        int completions = 0;
+        const auto animate = [&](double alpha, std::function<void(bool)> completion) {
+            UIView::animateWithDuration(
+                duration, 0.0, 0, [&view, alpha] { view->setAlpha(alpha); }, std::move(completion));
+        };
+        animate(0.5, [&](bool) {
+            ++completions;
+            animate(1.0, [&](bool) {
+                ++completions;
+                schedule(duration, false, [&] { ++completions; });
+            });
+        });
+        host.advance(duration);
+        EXPECT_EQ(completions, 1) << duration;
+        host.advance(duration);
+        EXPECT_EQ(completions, 2) << duration;
+        host.advance(duration);
+        EXPECT_EQ(completions, 3) << duration;
+    }
+}
+
+TEST(HeadlessHostTest, TouchesReachTheViewsOfItsWindow) {
+    HeadlessHost host({100, 100});
+    const auto view = makeProbe(CGRectMake(0, 0, 50, 50));
+    host.window()->addSubview(view);
+    view->log->clear();
+    host.touchDown({10, 10}, 4);
+    host.touchMove({20, 10}, 4);
+    host.touchUp({20, 10}, 4);
+    host.touchDown({10, 10});
+    host.touchCancel();
+    host.tap({10, 10});
+    host.tap({90, 90});
+    EXPECT_EQ(*view->log,
+              (Log{"began 4", "moved 4", "ended 4", "began 0", "cancelled 0", "began 0", "ended 0"}));
+}
+
+TEST(HeadlessHostTest, DrawsWhatNeedsIt) {
+    HeadlessHost host({100, 50});
+    EXPECT_EQ(host.draw()->size(), CGSizeMake(100, 50));
+    EXPECT_TRUE(host.draw()->operations().empty());
+    host.window()->addSubview(makeView(CGRectMake(0, 0, 10, 10)));
+    EXPECT_FALSE(host.draw()->operations().empty());
+    EXPECT_TRUE(host.draw()->operations().empty());
+}
+
+} // namespace

@@ -96,10 +96,10 @@ TEST(MessageTest, AnOverrideOfASubclassRuns) {
 }
 
 TEST(MessageTest, MethodsThatMeetInOneSlotAreAllSent) {
-    // Selectors count up: those 64 apart meet in every table of up to 64 slots.
+    // Selectors count up: those 1024 apart meet in every table of up to 1024 slots.
     static const SEL first = "ticksAtFirst:";
     static SEL second = first;
-    for (int number = 0; second == first || (second.hash() - first.hash()) % 64 != 0; ++number) {
+    for (int number = 0; second == first || (second.hash() - first.hash()) % 1024 != 0; ++number) {
         second = "ticksAsNumber" + std::to_string(number) + ":";
     }
     class Collision : public Lamp {

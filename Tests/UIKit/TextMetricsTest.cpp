@@ -1,0 +1,43 @@
+#include "Platform/UIKit/TextMetrics.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CoreGraphics;
+using namespace UIKit;
+
+constexpr CGFont font{10.0};
+
+TEST(TextMetricsTest, AnEmptyTextNeedsNoWidth) { EXPECT_EQ(estimatedTextWidth("", font), 0.0); }
+
+TEST(TextMetricsTest, WidthGrowsWithTheTextAndTheFont) {
+    const CGFloat once = estimatedTextWidth("Play", font);
+    EXPECT_NEAR(estimatedTextWidth("PlayPlay", font), 2.0 * once, 1e-9);
+    EXPECT_NEAR(estimatedTextWidth("Play", {20.0}), 2.0 * once, 1e-9);
+}
+
+TEST(TextMetricsTest, WideLettersNeedMoreThanNarrowOnes) {
+    EXPECT_GT(estimatedTextWidth("MWM", font), 2.0 * estimatedTextWidth("ill", font));
+}
+
+TEST(TextMetricsTest, CountsCharactersAndNotBytes) {
+    EXPECT_NEAR(estimatedTextWidth("播放", font), 20.0, 1e-9);
+    EXPECT_LT(estimatedTextWidth("é", font), 10.0);
+    EXPECT_GT(estimatedTextWidth("🎬", font), 10.0);
+}
+
+TEST(TextMetricsTest, MarksNeedNoWidthOfTheirOwn) {
+    EXPECT_EQ(estimatedTextWidth("e\u0301", font), estimatedTextWidth("e", font));
+}
+
+TEST(TextMetricsTest, BytesThatAreNoTextCountAsSomething) {
+    EXPECT_GT(estimatedTextWidth("\xFF\xFE", font), 0.0);
+    EXPECT_GT(estimatedTextWidth("\xE6\x92", font), 0.0);
+    EXPECT_GT(estimatedTextWidth("\xF0", font), 0.0);
+    EXPECT_GT(estimatedTextWidth("\x80", font), 0.0);
+}
+
+TEST(TextMetricsTest, ALineIsHigherThanItsFont) { EXPECT_GT(estimatedLineHeight(font), 10.0); }
+
+} // namespace

@@ -1,0 +1,24 @@
+#include "Platform/UIKit/UIKit.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(UIKitTest, EveryClassIsKnownByName) {
+    for (const char* name :
+         {"UIKit.UIButton", "UIKit.UIColor", "UIKit.UIControl", "UIKit.UIFont", "UIKit.UIImage",
+          "UIKit.UILabel", "UIKit.UISlider", "UIKit.UIView", "UIKit.UIWindow"}) {
+        const Foundation::Class* found = Foundation::Class::named(name);
+        ASSERT_NE(found, nullptr) << name;
+        EXPECT_EQ(found->name(), name);
+    }
+}
+
+TEST(UIKitTest, ControlsAreViews) {
+    EXPECT_TRUE(UIKit::UISlider::classObject().isSubclassOf(UIKit::UIControl::classObject()));
+    EXPECT_TRUE(UIKit::UIButton::classObject().isSubclassOf(UIKit::UIControl::classObject()));
+    EXPECT_TRUE(UIKit::UILabel::classObject().isSubclassOf(UIKit::UIView::classObject()));
+    EXPECT_FALSE(UIKit::UILabel::classObject().isSubclassOf(UIKit::UIControl::classObject()));
+}
+
+} // namespace

@@ -197,7 +197,9 @@ TEST_F(MPVolumeViewTest, AShrunkButtonIsTouchedWhereItShows) {
 }
 
 TEST_F(MPVolumeViewTest, CanBeReachedByName) {
-    const std::shared_ptr<Foundation::NSObject> made = MPVolumeView::classObject().alloc();
+    const Foundation::Class* found = Foundation::Class::named("MediaPlayer.MPVolumeView");
+    ASSERT_NE(found, nullptr);
+    const std::shared_ptr<Foundation::NSObject> made = found->alloc();
     EXPECT_TRUE(made->send<bool>("init"));
     made->send("setShowsVolumeSlider:", false);
     EXPECT_FALSE(made->send<bool>("showsVolumeSlider"));

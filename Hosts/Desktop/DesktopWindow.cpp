@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace Desktop {
 
@@ -16,6 +17,21 @@ using namespace CoreGraphics;
 constexpr const char* noDisplay = "there is no display to open a window on";
 constexpr const char* noDrawing = "the display offers no way to draw on it";
 constexpr const char* noOpenGL = "the display offers no OpenGL 3.2";
+
+// SDL wakes its loop over a second connection to the X server, whose last request may arrive when the window
+// is gone already. The X library would end the program for such an error.
+int ignoreXError(void* /*display*/, void* /*error*/) { return 0; }
+
+void outliveXErrors() {
+    using Handler = int (*)(void*, void*);
+    using SetHandler = Handler (*)(Handler);
+    if (void* library = SDL_LoadObject("libX11.so.6")) {
+        if (void* function = SDL_LoadFunction(library, "XSetErrorHandler")) {
+            reinterpret_cast<SetHandler>(function)(ignoreXError);
+        }
+        SDL_UnloadObject(library);
+    }
+}
 
 CGSize screenSize(SDL_Window* window) {
     int width = 0;
@@ -36,6 +52,9 @@ DesktopWindow::VideoSystem::VideoSystem() {
     // Where OpenGL isn't used for the film, it isn't for what SDL calls a framebuffer either.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     isStarted = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
+    if (isStarted && std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0) {
+        outliveXErrors();
+    }
 }
 
 DesktopWindow::VideoSystem::~VideoSystem() { SDL_Quit(); }

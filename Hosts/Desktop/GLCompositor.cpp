@@ -184,7 +184,7 @@ void GLCompositor::uploadOverlay(const OverlaySurface& overlay, std::span<const 
 void GLCompositor::compose() {
     glBindFramebuffer(GL_FRAMEBUFFER, 0);
     glViewport(0, 0, size_.width, size_.height);
-    for (const GLenum state : {GL_BLEND, GL_DEPTH_TEST, GL_SCISSOR_TEST, GL_CULL_FACE}) {
+    for (const GLenum state : std::array<GLenum, 4>{GL_BLEND, GL_DEPTH_TEST, GL_SCISSOR_TEST, GL_CULL_FACE}) {
         glDisable(state);
     }
     bindTexture(GL_TEXTURE1, overlayTexture_);

@@ -1,0 +1,137 @@
+#include "Tests/Player/Films.h"
+#include "Tests/Player/PlayerProgram.h"
+
+#include <fstream>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace Player {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct BadFilm {
+    std::string name;
+
+    /// Makes it in the folder and returns what to play.
+    std::function<std::string(const fs::path& folder)> make;
+    std::string reason;
+};
+
+void PrintTo(const BadFilm& film, std::ostream* stream) { *stream << film.name; }
+
+std::string written(const fs::path& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary) << text;
+    return path.string();
+}
+
+std::string beginning(const fs::path& film, std::uintmax_t bytes, const fs::path& target) {
+    fs::copy_file(film, target);
+    fs::resize_file(target, bytes);
+    return target.string();
+}
+
+class FilmThatCannotBePlayed : public testing::TestWithParam<BadFilm> {};
+
+TEST_P(FilmThatCannotBePlayed, IsToldInOneLineAndEndsASnapshot) {
+    const TemporaryFolder folder;
+    const std::string film = GetParam().make(folder.path());
+    const auto player = startPlayer({film, "--snapshot", (folder.path() / "pictures").string()});
+    EXPECT_EQ(player->wait(), 1);
+    EXPECT_EQ(player->errors(), "kivplayer: cannot play '" + film + "': " + GetParam().reason + "\n");
+    EXPECT_EQ(player->output(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Films, FilmThatCannotBePlayed,
+    testing::Values(
+        BadFilm{"Missing", [](const fs::path& folder) { return (folder / "none.mkv").string(); },
+                "no such file"},
+        BadFilm{"Folder", [](const fs::path& folder) { return folder.string(); }, "it is a directory"},
+        BadFilm{"Empty", [](const fs::path& folder) { return written(folder / "empty.mkv", ""); },
+                "the file is empty"},
+        BadFilm{"Text",
+                [](const fs::path& folder) { return written(folder / "text.mkv", "no film at all\n"); },
+                "it is no film or sound that can be recognised"},
+        BadFilm{
+            "Zeros",
+            [](const fs::path& folder) { return written(folder / "zeros.mp4", std::string(100000, '\0')); },
+            "it is no film or sound that can be recognised"},
+        BadFilm{"Subtitles",
+                [](const fs::path& folder) {
+                    return written(folder / "lines.srt", "1\n00:00:01,000 --> 00:00:02,000\nHello\n");
+                },
+                "there is neither picture nor sound in it"},
+        BadFilm{"CutInItsFirstBytes",
+                [](const fs::path& folder) { return beginning(Films::sample(), 300, folder / "cut.mkv"); },
+                "there is neither picture nor sound in it"},
+        BadFilm{"CutBeforeItsFirstFrame",
+                [](const fs::path& folder) { return beginning(Films::sample(), 3000, folder / "cut.mkv"); },
+                "nothing in it can be decoded"},
+        BadFilm{"SoundCutBeforeItsFirstSample",
+                [](const fs::path& folder) { return beginning(Films::sound(), 8600, folder / "cut.flac"); },
+                "nothing in it can be decoded"},
+        BadFilm{"UnreachableServer", [](const fs::path&) { return "http://127.0.0.1:1/film.mkv"; },
+                "Connection refused"},
+        BadFilm{"UnknownProtocol", [](const fs::path&) { return "nothing://film"; }, "it cannot be opened"}),
+    [](const auto& film) { return film.param.name; });
+
+class BadCommandLine : public testing::TestWithParam<std::vector<std::string>> {};
+
+TEST_P(BadCommandLine, IsToldInOneLine) {
+    const auto player = startPlayer(GetParam());
+    EXPECT_EQ(player->wait(), 2);
+    EXPECT_THAT(player->errors(), testing::MatchesRegex("kivplayer: [^\n]*\\(see --help\\)\n"));
+    EXPECT_EQ(player->output(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, BadCommandLine,
+                         testing::Values(std::vector<std::string>{}, std::vector<std::string>{""},
+                                         std::vector<std::string>{"--bogus", "film.mkv"},
+                                         std::vector<std::string>{"one.mkv", "two.mkv"},
+                                         std::vector<std::string>{"film.mkv", "--at", "-1"},
+                                         std::vector<std::string>{"film.mkv", "--at", "nan"},
+                                         std::vector<std::string>{"film.mkv", "--at", "inf"},
+                                         std::vector<std::string>{"film.mkv", "--at", "1e99"},
+                                         std::vector<std::string>{"film.mkv", "--at", "soon"},
+                                         std::vector<std::string>{"film.mkv", "--at"},
+                                         std::vector<std::string>{"film.mkv", "--snapshot"},
+                                         std::vector<std::string>{"film.mkv", "--size", "640"},
+                                         std::vector<std::string>{"film.mkv", "--size", "0x0"},
+                                         std::vector<std::string>{"film.mkv", "--size", "-640x360"},
+                                         std::vector<std::string>{"film.mkv", "--size", "99999999999999x9"},
+                                         std::vector<std::string>{"film.mkv", "--size", "8000x8000",
+                                                                  "--scale", "8"},
+                                         std::vector<std::string>{"film.mkv", "--scale", "0"},
+                                         std::vector<std::string>{"film.mkv", "--scale", "nan"},
+                                         std::vector<std::string>{"film.mkv", "--software", "--opengl"}));
+
+TEST(CommandLine, HelpNamesEveryOption) {
+    const auto player = startPlayer({"--help"});
+    EXPECT_EQ(player->wait(), 0);
+    for (const char* option : {"--snapshot DIR", "--at SECONDS", "--size WxH", "--scale N", "--software",
+                               "--opengl", "--mute", "--version", "--help"}) {
+        EXPECT_THAT(player->output(), testing::HasSubstr(option));
+    }
+    EXPECT_EQ(player->errors(), "");
+}
+
+TEST(CommandLine, VersionIsOneLine) {
+    const auto player = startPlayer({"--version"});
+    EXPECT_EQ(player->wait(), 0);
+    EXPECT_THAT(player->output(), testing::MatchesRegex("kivplayer [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST(NoDisplay, IsToldInOneLineThatSaysWhatToDo) {
+    const auto player = startPlayer({Films::sound().string()});
+    EXPECT_EQ(player->wait(), 2);
+    EXPECT_THAT(player->errors(),
+                testing::MatchesRegex("kivplayer: there is no display [^\n]*--snapshot[^\n]*\n"));
+    EXPECT_EQ(player->output(), "");
+}
+
+} // namespace
+
+} // namespace Player

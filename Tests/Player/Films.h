@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace Player {
+
+/// Files to play, made when first asked for and kept for the tests that follow.
+class Films {
+public:
+    /// The sample clip, twelve seconds of it at 30 frames a second.
+    static std::filesystem::path sample();
+
+    /// Six seconds of plain white.
+    static std::filesystem::path white();
+
+    /// Two seconds of sound without a picture.
+    static std::filesystem::path sound();
+
+    /// The first `bytes` of another file, under `name`.
+    static std::filesystem::path cut(const std::filesystem::path& whole, std::uintmax_t bytes,
+                                     const std::string& name);
+};
+
+} // namespace Player

@@ -1,0 +1,141 @@
+#include "Tests/Player/Films.h"
+#include "Tests/Player/Picture.h"
+#include "Tests/Player/PlayerProgram.h"
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace Player {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int barAlpha = 166; // 0.65 of 255
+
+struct Snapshot {
+    std::optional<int> exitCode;
+    std::string errors;
+    Picture film;
+    Picture overlay;
+    Picture both;
+};
+
+Snapshot snapshot(const fs::path& film, const std::vector<std::string>& options) {
+    const TemporaryFolder folder;
+    // A folder that isn't there yet, and neither is the one above it.
+    const fs::path pictures = folder.path() / "new" / "pictures";
+    std::vector<std::string> arguments{film.string(), "--snapshot", pictures.string()};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const auto player = startPlayer(arguments);
+    Snapshot result;
+    result.exitCode = player->wait();
+    result.errors = player->errors();
+    result.film = Picture::fromPng(pictures / "film.png");
+    result.overlay = Picture::fromPng(pictures / "overlay.png");
+    result.both = Picture::fromPng(pictures / "snapshot.png");
+    return result;
+}
+
+/// A frame as another program decodes it.
+Picture decodedFrame(const fs::path& film, int number) {
+    const TemporaryFolder folder;
+    const fs::path picture = folder.path() / "frame.png";
+    Process process({"ffmpeg", "-nostdin", "-loglevel", "error", "-i", film.string(), "-vf",
+                     "select=eq(n\\," + std::to_string(number) + "),scale=in_color_matrix=bt709", "-frames:v",
+                     "1", picture.string()});
+    EXPECT_EQ(process.wait(), 0) << process.errors();
+    return Picture::fromPng(picture);
+}
+
+TEST(Snapshot, WritesTheFilmTheOverlayAndBoth) {
+    const Snapshot taken = snapshot(Films::sample(), {"--at", "3", "--size", "640x360"});
+    EXPECT_EQ(taken.exitCode, 0);
+    EXPECT_EQ(taken.errors, "");
+    ASSERT_EQ(taken.film.width(), 640);
+    ASSERT_EQ(taken.film.height(), 360);
+    ASSERT_EQ(taken.overlay.width(), 640);
+    ASSERT_EQ(taken.both.width(), 640);
+    for (int y = 0; y < 360; ++y) {
+        const int alpha = y < 40 || y >= 320 ? barAlpha : 0;
+        for (int x = 0; x < 640; ++x) {
+            ASSERT_EQ(taken.overlay.at(x, y), (Picture::Pixel{0, 0, 0, alpha})) << x << ", " << y;
+            for (std::size_t part = 0; part < 3; ++part) {
+                const double expected = taken.film.at(x, y)[part] * (255 - alpha) / 255.0;
+                ASSERT_NEAR(taken.both.at(x, y)[part], expected, 1.0) << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST(Snapshot, ScaleMakesMorePixelsOfTheSamePoints) {
+    const Snapshot taken = snapshot(Films::white(), {"--size", "320x180", "--scale", "1.5"});
+    ASSERT_EQ(taken.overlay.width(), 480);
+    ASSERT_EQ(taken.overlay.height(), 270);
+    for (const int y : {0, 59, 210, 269}) {
+        EXPECT_EQ(taken.overlay.at(100, y)[3], barAlpha) << y;
+    }
+    for (const int y : {60, 209}) {
+        EXPECT_EQ(taken.overlay.at(100, y)[3], 0) << y;
+        EXPECT_GE(taken.both.at(100, y)[0], 254) << y;
+    }
+}
+
+TEST(Snapshot, ShowsExactlyTheFrameAskedFor) {
+    const Snapshot taken = snapshot(Films::sample(), {"--at", "5.5"});
+    ASSERT_EQ(taken.film.width(), 1280);
+    const double sameFrame = taken.film.differenceTo(decodedFrame(Films::sample(), 165));
+    const double nextFrame = taken.film.differenceTo(decodedFrame(Films::sample(), 166));
+    EXPECT_LT(sameFrame, 2.0);
+    EXPECT_LT(sameFrame * 1.5, nextFrame);
+}
+
+TEST(Snapshot, IsTheSameEachTime) {
+    const Snapshot first = snapshot(Films::sample(), {"--at", "7.25", "--size", "320x180"});
+    const Snapshot second = snapshot(Films::sample(), {"--at", "7.25", "--size", "320x180"});
+    ASSERT_EQ(first.exitCode, 0);
+    EXPECT_EQ(first.both, second.both);
+}
+
+TEST(Snapshot, TimeBeyondTheEndIsTheLastFrame) {
+    const Snapshot taken = snapshot(Films::sample(), {"--at", "5000"});
+    ASSERT_EQ(taken.exitCode, 0) << taken.errors;
+    EXPECT_LT(taken.film.differenceTo(decodedFrame(Films::sample(), 359)), 2.0);
+}
+
+TEST(Snapshot, SoundAloneHasABlackPicture) {
+    const Snapshot taken = snapshot(Films::sound(), {"--at", "1", "--size", "320x180"});
+    ASSERT_EQ(taken.exitCode, 0) << taken.errors;
+    ASSERT_EQ(taken.film.height(), 180);
+    for (const int y : {0, 90, 179}) {
+        EXPECT_EQ(taken.film.at(160, y), (Picture::Pixel{0, 0, 0, 255})) << y;
+    }
+}
+
+TEST(Snapshot, FilmThatIsCutOffPlaysAsFarAsItGoes) {
+    const fs::path whole = Films::sample();
+    const fs::path half = Films::cut(whole, fs::file_size(whole) / 2, "half.mkv");
+    const Snapshot inside = snapshot(half, {"--at", "2"});
+    ASSERT_EQ(inside.exitCode, 0) << inside.errors;
+    EXPECT_LT(inside.film.differenceTo(decodedFrame(whole, 60)), 2.0);
+    const Snapshot beyond = snapshot(half, {"--at", "11"});
+    EXPECT_EQ(beyond.exitCode, 0) << beyond.errors;
+    EXPECT_EQ(beyond.film.width(), 1280);
+}
+
+TEST(Snapshot, FolderThatCannotBeWrittenIsToldInOneLine) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.path() / "file";
+    fs::copy_file(Films::sound(), file);
+    fs::create_directories(folder.path() / "taken" / "film.png");
+    for (const fs::path& target : {file, file / "below", folder.path() / "taken"}) {
+        const auto player = startPlayer({Films::sound().string(), "--snapshot", target.string()});
+        EXPECT_EQ(player->wait(), 1);
+        EXPECT_THAT(player->errors(), testing::MatchesRegex("kivplayer: cannot [^\n]*\n"));
+    }
+}
+
+} // namespace
+
+} // namespace Player

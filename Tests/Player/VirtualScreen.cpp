@@ -1,0 +1,125 @@
+#include "Tests/Player/VirtualScreen.h"
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <csignal>
+#include <stdexcept>
+
+namespace Player {
+
+namespace {
+
+// A window may go while it is looked at. The library would end the program then.
+int ignoreError(Display* /*display*/, XErrorEvent* /*error*/) { return 0; }
+
+struct ImageRelease {
+    void operator()(XImage* image) const { XDestroyImage(image); }
+};
+
+void send(Display* display, Window window, XEvent& event) {
+    XSendEvent(display, window, False, NoEventMask, &event);
+    XFlush(display);
+}
+
+} // namespace
+
+void VirtualScreen::Release::operator()(_XDisplay* display) const { XCloseDisplay(display); }
+
+VirtualScreen::VirtualScreen() {
+    const std::string size = std::to_string(width) + "x" + std::to_string(height) + "x24";
+    server_ = std::make_unique<Process>(
+        std::vector<std::string>{"Xvfb", "-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp"});
+    // It writes its number once it is ready.
+    if (!eventually([this] { return server_->output().ends_with('\n') || !server_->isRunning(); }) ||
+        server_->output().empty()) {
+        throw std::runtime_error("Xvfb does not start: " + server_->errors());
+    }
+    const std::string number = server_->output();
+    name_ = ":" + number.substr(0, number.find('\n'));
+    XSetErrorHandler(ignoreError);
+    display_.reset(XOpenDisplay(name_.c_str()));
+    if (!display_) {
+        throw std::runtime_error("cannot connect to Xvfb at " + name_);
+    }
+}
+
+VirtualScreen::~VirtualScreen() {
+    display_.reset();
+    server_->signal(SIGTERM);
+    server_->wait();
+}
+
+unsigned long VirtualScreen::findWindow() const {
+    Window root = 0;
+    Window parent = 0;
+    Window* children = nullptr;
+    unsigned count = 0;
+    Window found = 0;
+    XQueryTree(display_.get(), DefaultRootWindow(display_.get()), &root, &parent, &children, &count);
+    for (unsigned index = 0; index < count; ++index) {
+        XWindowAttributes attributes{};
+        XGetWindowAttributes(display_.get(), children[index], &attributes);
+        constexpr int largerThanHelperWindows = 10;
+        if (attributes.map_state == IsViewable && attributes.width > largerThanHelperWindows) {
+            found = children[index];
+        }
+    }
+    if (children) {
+        XFree(children);
+    }
+    return found;
+}
+
+std::optional<Picture> VirtualScreen::window() const {
+    const Window window = findWindow();
+    XWindowAttributes attributes{};
+    if (window == 0 || XGetWindowAttributes(display_.get(), window, &attributes) == 0) {
+        return std::nullopt;
+    }
+    const std::unique_ptr<XImage, ImageRelease> image(
+        XGetImage(display_.get(), window, 0, 0, static_cast<unsigned>(attributes.width),
+                  static_cast<unsigned>(attributes.height), AllPlanes, ZPixmap));
+    if (!image) {
+        return std::nullopt;
+    }
+    Picture picture(attributes.width, attributes.height);
+    for (int y = 0; y < attributes.height; ++y) {
+        for (int x = 0; x < attributes.width; ++x) {
+            picture.set(x, y, static_cast<std::uint32_t>(XGetPixel(image.get(), x, y)) | 0xFF000000U);
+        }
+    }
+    return picture;
+}
+
+void VirtualScreen::resizeWindow(int newWidth, int newHeight) const {
+    XMoveResizeWindow(display_.get(), findWindow(), 0, 0, static_cast<unsigned>(newWidth),
+                      static_cast<unsigned>(newHeight));
+    XFlush(display_.get());
+}
+
+void VirtualScreen::closeWindow() const {
+    const Window window = findWindow();
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(display_.get(), "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display_.get(), "WM_DELETE_WINDOW", False));
+    event.xclient.data.l[1] = CurrentTime;
+    send(display_.get(), window, event);
+}
+
+void VirtualScreen::pressKey(unsigned long key) const {
+    const Window window = findWindow();
+    for (const int type : {KeyPress, KeyRelease}) {
+        XEvent event{};
+        event.xkey.type = type;
+        event.xkey.window = window;
+        event.xkey.root = DefaultRootWindow(display_.get());
+        event.xkey.same_screen = True;
+        event.xkey.keycode = XKeysymToKeycode(display_.get(), key);
+        send(display_.get(), window, event);
+    }
+}
+
+} // namespace Player

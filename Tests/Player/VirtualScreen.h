@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Tests/Player/Picture.h"
+#include "Tests/Player/Process.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+// The library's own header names macros None and Bool.
+struct _XDisplay; // NOLINT(bugprone-reserved-identifier)
+
+namespace Player {
+
+/// An X server of the test's own, with no window manager, and what a person can see and do there.
+class VirtualScreen {
+public:
+    static constexpr int width = 1400;
+    static constexpr int height = 900;
+
+    VirtualScreen();
+    VirtualScreen(const VirtualScreen&) = delete;
+    VirtualScreen& operator=(const VirtualScreen&) = delete;
+    ~VirtualScreen();
+
+    /// The value for DISPLAY.
+    const std::string& name() const { return name_; }
+
+    /// What a program's window shows; nothing while there is none.
+    std::optional<Picture> window() const;
+
+    void resizeWindow(int newWidth, int newHeight) const;
+    void closeWindow() const;
+
+    /// `key` as in <X11/keysym.h>.
+    void pressKey(unsigned long key) const;
+
+private:
+    struct Release {
+        void operator()(_XDisplay* display) const;
+    };
+
+    unsigned long findWindow() const;
+
+    std::unique_ptr<Process> server_;
+    std::string name_;
+    std::unique_ptr<_XDisplay, Release> display_;
+};
+
+} // namespace Player

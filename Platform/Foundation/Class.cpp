@@ -24,7 +24,7 @@ Registry& registry() {
 } // namespace
 
 void MethodTable::set(const Method& method) {
-    if ((count_ + 1) * 2 > slots_.size()) {
+    while (isTooSmallFor(method.selector)) {
         grow();
     }
     std::size_t slot = method.selector.hash() & mask_;
@@ -33,6 +33,12 @@ void MethodTable::set(const Method& method) {
     }
     count_ += slots_[slot].selector ? 0 : 1;
     slots_[slot] = method;
+}
+
+bool MethodTable::isTooSmallFor(SEL selector) const {
+    const SEL present = candidate(selector).selector;
+    const bool clashes = present && present != selector;
+    return (count_ + 1) * (clashes ? 8 : 2) > slots_.size();
 }
 
 const Method* MethodTable::find(SEL selector) const {

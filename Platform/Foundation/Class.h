@@ -20,7 +20,8 @@ struct Method {
     void (*function)() = nullptr;
 };
 
-/// Methods by selector: an open-addressing table, never more than half full.
+/// Methods by selector: an open-addressing table, never more than half full, and emptier where that lets a
+/// method stand in its own place.
 class MethodTable {
 public:
     /// Adds the method, in place of one of the same selector.
@@ -36,6 +37,7 @@ public:
     std::vector<SEL> selectors() const;
 
 private:
+    bool isTooSmallFor(SEL selector) const;
     void grow();
 
     std::vector<Method> slots_ = std::vector<Method>(8);

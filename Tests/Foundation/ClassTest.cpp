@@ -186,6 +186,24 @@ TEST(ClassTest, ATableHoldsManyEntries) {
     EXPECT_EQ(table.find(SEL()), nullptr);
 }
 
+TEST(ClassTest, AFewEntriesThatWouldMeetAreFoundAtTheFirstLook) {
+    // Selectors count up: those 8 apart meet in a table of 8 slots.
+    std::vector<SEL> eightApart;
+    for (int number = 0; number < 8 * 3; ++number) {
+        const SEL selector = "few" + std::to_string(number);
+        if (number % 8 == 0) {
+            eightApart.push_back(selector);
+        }
+    }
+    MethodTable table;
+    for (const SEL selector : eightApart) {
+        table.set({selector, nullptr, nullptr});
+    }
+    for (const SEL selector : eightApart) {
+        EXPECT_EQ(table.candidate(selector).selector, selector) << selector.name();
+    }
+}
+
 TEST(ClassTest, EntriesThatMeetInOneSlotAreAllReached) {
     // Selectors count up: those 64 apart meet in every table of up to 64 slots.
     std::vector<SEL> apart;

@@ -26,6 +26,7 @@ TEST(UITouchTest, LocationIsGivenInAnyViewsCoordinates) {
     };
     host.touchDown({15, 25});
     host.touchMove({35, 45});
+    view->onTouch = nullptr;
     EXPECT_EQ(locations, (std::vector<CGPoint>{{35, 45}, {15, 25}, {25, 25}, {5, 5}, {-20, -15}}));
 }
 

@@ -142,7 +142,7 @@ TEST_P(CairoContextAtScale, TextThatIsTooLongEndsInsideItsRectangle) {
 }
 
 TEST_P(CairoContextAtScale, FiguresOfEqualWidthKeepATextInItsPlace) {
-    const auto width = [this](const char* text, CGFigures figures) {
+    const auto width = [](const char* text, CGFigures figures) {
         Canvas canvas(200.0, 40.0, GetParam());
         const CGTextStyle style{.font = {.size = 20.0, .figures = figures},
                                 .color = white,

@@ -131,12 +131,14 @@ public:
     void setNeedsDisplay();
 
     /// Runs `animations` at once and lets the properties that it changes travel to their new values: after
-    /// `delay`, over `duration` (both in seconds; none if they are negative or not a number). `completion` is
-    /// called exactly once, in a later turn of the current run loop: with true when the time has passed or at
-    /// the next turn where nothing changed; with false when another change took one of the properties over or
-    /// a view is gone; not at all when the run loop goes first. Frame, bounds, centre, transform, alpha and
-    /// plain background colours travel. A property that is set outside an animation is there at once, and
-    /// setting what is set already changes nothing.
+    /// `delay`, over `duration` (both in seconds; none if they are negative or not a number). Frame, bounds,
+    /// centre, transform, alpha and plain background colours travel. A property that is set outside an
+    /// animation is there at once, and setting what is set already changes nothing.
+    ///
+    /// `completion` is called exactly once, by the current run loop and never from inside this call: with
+    /// true when the time has passed, or as soon as the loop turns where nothing changed; with false when
+    /// another change took one of the properties over or a view is gone. A loop that is destroyed first lets
+    /// go of it without a call.
     static void animateWithDuration(double duration, double delay, UIViewAnimationOptions options,
                                     const std::function<void()>& animations,
                                     std::function<void(bool finished)> completion = nullptr);

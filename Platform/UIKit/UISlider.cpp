@@ -96,15 +96,19 @@ void UISlider::setValue(float value, bool animated) {
         return;
     }
     const float inRange = std::clamp(value, minimumValue_, maximumValue_);
-    if (!animated || !window()) {
+    if (!animated) {
         changeValue(inRange);
-    } else if (inRange == value_) {
-        return;
-    } else if (!isFarEnoughToTravel(inRange)) {
-        changeValue(inRange);
-    } else {
+    } else if (inRange != value_) {
+        travelTo(inRange);
+    }
+}
+
+void UISlider::travelTo(float value) {
+    if (window() && isFarEnoughToTravel(value)) {
         animateWithDuration(travelTime, 0.0, UIViewAnimationOptionCurveEaseOut,
-                            [this, inRange] { changeValue(inRange); });
+                            [this, value] { changeValue(value); });
+    } else {
+        changeValue(value);
     }
 }
 

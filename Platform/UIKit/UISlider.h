@@ -83,6 +83,7 @@ private:
     std::optional<float> valueForThumbCenter(CoreGraphics::CGFloat x) const;
     bool isFarEnoughToTravel(float value) const;
 
+    void travelTo(float value);
     void changeValue(float value);
     void setRange(float minimum, float maximum);
     void sendPendingChange();

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 namespace Desktop {
 
@@ -22,14 +21,14 @@ constexpr const char* noOpenGL = "the display offers no OpenGL 3.2";
 // is gone already. The X library would end the program for such an error.
 int ignoreXError(void* /*display*/, void* /*error*/) { return 0; }
 
+// Before SDL starts, which puts back at its end what it found. The library stays loaded, for it keeps the
+// handler.
 void outliveXErrors() {
     using Handler = int (*)(void*, void*);
     using SetHandler = Handler (*)(Handler);
-    if (void* library = SDL_LoadObject("libX11.so.6")) {
-        if (void* function = SDL_LoadFunction(library, "XSetErrorHandler")) {
-            reinterpret_cast<SetHandler>(function)(ignoreXError);
-        }
-        SDL_UnloadObject(library);
+    void* library = SDL_LoadObject("libX11.so.6");
+    if (void* function = library ? SDL_LoadFunction(library, "XSetErrorHandler") : nullptr) {
+        reinterpret_cast<SetHandler>(function)(ignoreXError);
     }
 }
 
@@ -51,10 +50,8 @@ DesktopWindow::VideoSystem::VideoSystem() {
     SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
     // Where OpenGL isn't used for the film, it isn't for what SDL calls a framebuffer either.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    outliveXErrors();
     isStarted = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
-    if (isStarted && std::strcmp(SDL_GetCurrentVideoDriver(), "x11") == 0) {
-        outliveXErrors();
-    }
 }
 
 DesktopWindow::VideoSystem::~VideoSystem() { SDL_Quit(); }

@@ -31,7 +31,7 @@ public:
     const std::optional<std::string>& failure() const { return failure_; }
 
     /// True once the place asked for is reached and its picture, if there is any, was drawn.
-    bool isReady() const { return isAtStart_ && (hasDrawn_ || !hasPicture()); }
+    bool isReady() const { return isAtStart_ && (hasPicture() ? hasDrawn_ : hasDecodedAnything()); }
 
     void togglePause();
 

@@ -105,11 +105,13 @@ TEST(Snapshot, TimeBeyondTheEndIsTheLastFrame) {
 }
 
 TEST(Snapshot, SoundAloneHasABlackPicture) {
-    const Snapshot taken = snapshot(Films::sound(), {"--at", "1", "--size", "320x180"});
-    ASSERT_EQ(taken.exitCode, 0) << taken.errors;
-    ASSERT_EQ(taken.film.height(), 180);
-    for (const int y : {0, 90, 179}) {
-        EXPECT_EQ(taken.film.at(160, y), (Picture::Pixel{0, 0, 0, 255})) << y;
+    for (const char* time : {"0", "1", "2", "100"}) {
+        const Snapshot taken = snapshot(Films::sound(), {"--at", time, "--size", "320x180"});
+        ASSERT_EQ(taken.exitCode, 0) << time << taken.errors;
+        ASSERT_EQ(taken.film.height(), 180);
+        for (const int y : {0, 90, 179}) {
+            EXPECT_EQ(taken.film.at(160, y), (Picture::Pixel{0, 0, 0, 255})) << y;
+        }
     }
 }
 

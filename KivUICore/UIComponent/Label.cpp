@@ -49,7 +49,7 @@ void Label::updateLabelWithTime(float time) {
 }
 
 std::shared_ptr<UILabel> Label::textLabel() const {
-    const std::shared_ptr<UILabel> label = Foundation::as<UILabel>(view());
+    std::shared_ptr<UILabel> label = Foundation::as<UILabel>(view());
     if (!label) {
         Foundation::stopSilently();
     }

@@ -1,5 +1,6 @@
 #include "Platform/UIKit/Animator.h"
 
+#include "Platform/UIKit/AnimationGroup.h"
 #include "Platform/UIKit/UIView.h"
 
 #include <algorithm>
@@ -18,54 +19,13 @@ std::shared_ptr<AnimationGroup> recording;
 
 } // namespace
 
-AnimationGroup::AnimationGroup(double start, double duration, AnimationCurve curve,
-                               std::function<void(bool)> completion)
-    : start_(start), duration_(duration), curve_(curve), completion_(std::move(completion)) {}
-
-void AnimationGroup::moveTo(double now) {
-    if (now >= end()) {
-        progress_ = 1.0;
-    } else if (now > start_) {
-        progress_ = easedProgress(curve_, (now - start_) / duration_);
-    }
-}
-
-void AnimationGroup::add(const std::shared_ptr<UIView>& view) {
-    ++changes_;
-    const bool isKnown =
-        std::any_of(views_.begin(), views_.end(), [&view](const std::weak_ptr<UIView>& each) {
-            return !each.owner_before(view) && !view.owner_before(each);
-        });
-    if (!isKnown) {
-        views_.push_back(view);
-    }
-}
-
-void AnimationGroup::interrupt() {
-    --changes_;
-    isInterrupted_ = true;
-}
-
-AnimatedValues PropertyAnimation::values() const {
-    const double progress = group->progress();
-    if (progress >= 1.0) {
-        return to;
-    }
-    AnimatedValues values{};
-    for (std::size_t index = 0; index < values.size(); ++index) {
-        values[index] = from[index] + (to[index] - from[index]) * progress;
-    }
-    return values;
-}
-
 Animator::Animator(Foundation::NSRunLoop& loop) : loop_(loop), presentationTime_(loop.now()) {}
 
 // A view holds its groups, and a completion often holds a view.
 Animator::~Animator() {
     for (const std::shared_ptr<AnimationGroup>& group : groups_) {
         group->moveTo(std::numeric_limits<double>::infinity());
-        drop(*group);
-        const auto completion = std::exchange(group->completion_, nullptr);
+        finish(*group);
     }
 }
 
@@ -126,9 +86,9 @@ void Animator::invalidateRunning(double now) {
         if (!group->isRunning(now)) {
             continue;
         }
-        for (const std::weak_ptr<UIView>& each : group->views_) {
+        for (const std::weak_ptr<UIView>& each : group->views()) {
             const std::shared_ptr<UIView> view = each.lock();
-            if (view && view->isAnimatedBy(*group)) {
+            if (view && view->animations_.hasAnyOf(*group)) {
                 view->invalidateExtent();
             }
         }
@@ -144,20 +104,18 @@ void Animator::finishOver(double now) {
                      [](const auto& a, const auto& b) { return a->end() < b->end(); });
 
     for (const std::shared_ptr<AnimationGroup>& group : over) {
-        drop(*group);
+        finish(*group);
     }
     // Completions come last: whatever they start or tear down, this turn touches nothing of it any more.
     for (const std::shared_ptr<AnimationGroup>& group : over) {
-        if (const auto completion = std::exchange(group->completion_, nullptr)) {
-            completion(!group->isInterrupted_);
-        }
+        group->complete();
     }
 }
 
-void Animator::drop(const AnimationGroup& group) {
-    for (const std::weak_ptr<UIView>& each : group.views_) {
+void Animator::finish(const AnimationGroup& group) {
+    for (const std::weak_ptr<UIView>& each : group.views()) {
         if (const std::shared_ptr<UIView> view = each.lock()) {
-            view->dropAnimations(group);
+            view->animations_.finish(group);
         }
     }
 }

@@ -3,6 +3,8 @@
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSRunLoop.h"
+#include "Platform/UIKit/AnimationGroup.h"
+#include "Platform/UIKit/Animator.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIWindow.h"
 
@@ -78,10 +80,7 @@ bool UIView::init(const CGRect& frame) {
 }
 
 void UIView::dealloc() {
-    for (const PropertyAnimation& animation : animations_) {
-        animation.group->interrupt();
-    }
-    animations_.clear();
+    animations_.interruptAll();
     const std::vector<std::shared_ptr<UIView>> subviews = std::exchange(subviews_, {});
     for (const std::shared_ptr<UIView>& subview : subviews) {
         subview->superview_ = nullptr;
@@ -129,9 +128,6 @@ void UIView::setTransform(const CGAffineTransform& transform) {
 }
 
 void UIView::setGeometry(const ViewGeometry& geometry) {
-    if (geometry == geometry_) {
-        return;
-    }
     const CGSize oldSize = geometry_.box().size;
     if (geometry.box() != geometry_.box()) {
         change(AnimatedProperty::Box, [&] { geometry_.setBox(geometry.box()); });
@@ -324,7 +320,7 @@ void UIView::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
     } else if (isPlain(color.get()) && isPlain(backgroundColor_.get())) {
         change(AnimatedProperty::BackgroundColor, [&] { backgroundColor_ = color; });
     } else {
-        dropAnimation(AnimatedProperty::BackgroundColor);
+        animations_.interrupt(AnimatedProperty::BackgroundColor);
         backgroundColor_ = color;
         setNeedsDisplay();
     }
@@ -483,47 +479,12 @@ void UIView::change(AnimatedProperty property, Change&& change) {
 
 void UIView::recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to) {
     const std::shared_ptr<AnimationGroup>& group = Animator::recordingGroup();
-    const auto present = findAnimation(property);
-    if (present != animations_.end() && present->group == group) {
-        present->to = to;
-        return;
-    }
-    dropAnimation(property);
-    if (!group) {
-        return;
-    }
-    if (const std::shared_ptr<NSObject> alive = weak_from_this().lock()) {
+    const std::shared_ptr<NSObject> alive = group ? weak_from_this().lock() : nullptr;
+    if (!alive) {
+        animations_.interrupt(property);
+    } else if (animations_.start(property, from, to, group)) {
         group->add(std::static_pointer_cast<UIView>(alive));
-        animations_.push_back({property, from, to, group});
     }
-}
-
-void UIView::dropAnimation(AnimatedProperty property) {
-    const auto present = findAnimation(property);
-    if (present != animations_.end()) {
-        present->group->interrupt();
-        animations_.erase(present);
-    }
-}
-
-std::vector<PropertyAnimation>::iterator UIView::findAnimation(AnimatedProperty property) {
-    return std::find_if(animations_.begin(), animations_.end(),
-                        [property](const PropertyAnimation& each) { return each.property == property; });
-}
-
-void UIView::dropAnimations(const AnimationGroup& group) {
-    std::erase_if(animations_,
-                  [&group](const PropertyAnimation& each) { return each.group.get() == &group; });
-}
-
-bool UIView::isAnimating(AnimatedProperty property) const {
-    return std::any_of(animations_.begin(), animations_.end(),
-                       [property](const PropertyAnimation& each) { return each.property == property; });
-}
-
-bool UIView::isAnimatedBy(const AnimationGroup& group) const {
-    return std::any_of(animations_.begin(), animations_.end(),
-                       [&group](const PropertyAnimation& each) { return each.group.get() == &group; });
 }
 
 AnimatedValues UIView::modelValues(AnimatedProperty property) const {
@@ -545,35 +506,33 @@ AnimatedValues UIView::modelValues(AnimatedProperty property) const {
 }
 
 AnimatedValues UIView::presentedValues(AnimatedProperty property) const {
-    for (const PropertyAnimation& animation : animations_) {
-        if (animation.property == property) {
-            return animation.values();
-        }
-    }
-    return modelValues(property);
+    const std::optional<AnimatedValues> values = animations_.values(property);
+    return values ? *values : modelValues(property);
 }
 
 ViewGeometry UIView::presentedGeometry() const {
     ViewGeometry geometry = geometry_;
-    for (const PropertyAnimation& animation : animations_) {
-        const AnimatedValues values = animation.values();
-        if (animation.property == AnimatedProperty::Box) {
-            geometry.setBox({{values[0], values[1]}, {values[2], values[3]}});
-        } else if (animation.property == AnimatedProperty::BoundsOrigin) {
-            geometry.setBoundsOrigin({values[0], values[1]});
-        } else if (animation.property == AnimatedProperty::Transform) {
-            geometry.setTransform({values[0], values[1], values[2], values[3], values[4], values[5]});
-        }
+    if (animations_.isEmpty()) {
+        return geometry;
+    }
+    if (const std::optional<AnimatedValues> box = animations_.values(AnimatedProperty::Box)) {
+        geometry.setBox({{(*box)[0], (*box)[1]}, {(*box)[2], (*box)[3]}});
+    }
+    if (const std::optional<AnimatedValues> origin = animations_.values(AnimatedProperty::BoundsOrigin)) {
+        geometry.setBoundsOrigin({(*origin)[0], (*origin)[1]});
+    }
+    if (const std::optional<AnimatedValues> to = animations_.values(AnimatedProperty::Transform)) {
+        geometry.setTransform({(*to)[0], (*to)[1], (*to)[2], (*to)[3], (*to)[4], (*to)[5]});
     }
     return geometry;
 }
 
 CGFloat UIView::presentedAlpha() const {
-    return animations_.empty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
+    return animations_.isEmpty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
 }
 
 CGRect UIView::presentedBounds() const {
-    return animations_.empty() ? geometry_.bounds() : presentedGeometry().bounds();
+    return animations_.isEmpty() ? geometry_.bounds() : presentedGeometry().bounds();
 }
 
 CGRect UIView::alignedToPixels(const CGRect& rect) const {
@@ -593,7 +552,8 @@ CGRect UIView::alignedToPixels(const CGRect& rect) const {
 }
 
 double UIView::presentedValue(double model) const {
-    return isAnimating(AnimatedProperty::Value) ? presentedValues(AnimatedProperty::Value)[0] : model;
+    const std::optional<AnimatedValues> values = animations_.values(AnimatedProperty::Value);
+    return values ? (*values)[0] : model;
 }
 
 void UIView::willChangeValue(double model, double target) {

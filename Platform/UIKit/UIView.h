@@ -3,8 +3,9 @@
 #include "Platform/CoreGraphics/CGContext.h"
 #include "Platform/CoreGraphics/CGGeometry.h"
 #include "Platform/Foundation/NSObject.h"
-#include "Platform/UIKit/Animator.h"
+#include "Platform/UIKit/AnimationCurve.h"
 #include "Platform/UIKit/Autoresizing.h"
+#include "Platform/UIKit/PropertyAnimations.h"
 #include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/ViewGeometry.h"
 
@@ -173,15 +174,10 @@ private:
     AnimatedValues presentedValues(AnimatedProperty property) const;
     ViewGeometry presentedGeometry() const;
     CoreGraphics::CGFloat presentedAlpha() const;
-    bool isAnimating(AnimatedProperty property) const;
-    bool isAnimatedBy(const AnimationGroup& group) const;
-    std::vector<PropertyAnimation>::iterator findAnimation(AnimatedProperty property);
 
     template <class Change>
     void change(AnimatedProperty property, Change&& change);
     void recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to);
-    void dropAnimation(AnimatedProperty property);
-    void dropAnimations(const AnimationGroup& group);
 
     void setGeometry(const ViewGeometry& geometry);
     void resizeSubviews(const CoreGraphics::CGSize& oldSize);
@@ -211,7 +207,7 @@ private:
     // Cleared by the superview when it goes.
     UIView* superview_ = nullptr;
     std::vector<std::shared_ptr<UIView>> subviews_;
-    std::vector<PropertyAnimation> animations_;
+    PropertyAnimations animations_;
 };
 
 } // namespace UIKit

@@ -56,7 +56,7 @@ void ViewRenderer::drawBackground(const UIView& view, const CGRect& bounds) {
             return;
         }
     }
-    if (view.backgroundColor_ || !view.animations_.empty()) {
+    if (view.backgroundColor_ || !view.animations_.isEmpty()) {
         const AnimatedValues values = view.presentedValues(AnimatedProperty::BackgroundColor);
         if (values[3] > 0.0) {
             context_.fillRect(bounds, {values[0], values[1], values[2], values[3]});

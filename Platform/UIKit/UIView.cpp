@@ -346,7 +346,7 @@ std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
     if (isHidden_ || !(alpha_ >= leastTouchableAlpha) || !isUserInteractionEnabled_ || !pointInside(point)) {
         return nullptr;
     }
-    const std::shared_ptr<UIView> alive = self(this);
+    std::shared_ptr<UIView> alive = self(this);
     const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
     for (auto each = subviews.rbegin(); each != subviews.rend(); ++each) {
         if (const std::optional<CGAffineTransform> inwards = (*each)->geometry_.fromSuperview()) {

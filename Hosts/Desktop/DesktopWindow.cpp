@@ -141,7 +141,9 @@ void DesktopWindow::handle(const SDL_Event& event) {
         handleWindowEvent(event.window);
         break;
     case SDL_KEYDOWN:
-        onKey_(event.key.keysym.sym);
+        if (event.key.repeat == 0) {
+            onKey_(event.key.keysym.sym);
+        }
         break;
     default:
         input_.handle(event);

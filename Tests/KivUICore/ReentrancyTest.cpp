@@ -277,6 +277,18 @@ TEST_P(EachSeekEvent, TheObserverMayDropThePlayer) {
     EXPECT_TRUE(done);
 }
 
+TEST_F(ReentrancyTest, TheObserverMayLetGoOfASeekBarThatIsWorkedByName) {
+    for (const char* operation : {"beganScrubbing:", "onValueChanged:", "endedScrubbing:"}) {
+        auto seekBar = make<SeekBar>(overlay.slider, overlay.watcher, overlay.player);
+        remember(seekBar);
+        overlay.watcher->reaction = [&seekBar](const std::string&) { seekBar = nullptr; };
+        seekBar->send(operation, overlay.slider);
+        EXPECT_EQ(seekBar, nullptr);
+    }
+    EXPECT_EQ(story, (Story{"onSeekBegan:", "player: onSeekBegan",
+                            "onValueChanged:", "onSeekFinished:", "player: onSeekEnd"}));
+}
+
 // The player's own observers
 
 TEST_F(ReentrancyTest, APlayersObserverMayTearEverythingDown) {

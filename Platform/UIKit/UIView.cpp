@@ -349,11 +349,12 @@ std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
     std::shared_ptr<UIView> alive = self(this);
     const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
     for (auto each = subviews.rbegin(); each != subviews.rend(); ++each) {
-        if (const std::optional<CGAffineTransform> inwards = (*each)->geometry_.fromSuperview()) {
-            if (std::shared_ptr<UIView> hit =
-                    (*each)->hitTest(CGPointApplyAffineTransform(point, *inwards))) {
-                return hit;
-            }
+        const std::optional<CGAffineTransform> inwards = (*each)->geometry_.fromSuperview();
+        if (!inwards || (*each)->superview_ != this) {
+            continue;
+        }
+        if (std::shared_ptr<UIView> hit = (*each)->hitTest(CGPointApplyAffineTransform(point, *inwards))) {
+            return hit;
         }
     }
     return alive;

@@ -98,19 +98,22 @@ TEST_F(UIViewHitTest, BoundsOriginMovesWhatIsInside) {
     EXPECT_EQ(root->hitTest({31, 31}), front);
 }
 
-TEST_F(UIViewHitTest, TestMayChangeTheTree) {
-    class Vanishing : public UIView {
+TEST_F(UIViewHitTest, WhatATestTakesOutMeanwhileIsNotHit) {
+    class Sweeper : public UIView {
     public:
         std::shared_ptr<UIView> hitTest(const CGPoint& /*point*/) override {
-            removeFromSuperview();
+            const std::shared_ptr<UIView> from = superview();
+            while (!from->subviews().empty()) {
+                from->subviews()[0]->removeFromSuperview();
+            }
             return nullptr;
         }
     };
-    for (int count = 0; count < 3; ++count) {
-        root->insertSubview(make<Vanishing>(CGRectMake(0, 0, 100, 100)), 1);
-    }
-    EXPECT_EQ(root->hitTest({10, 10}), back);
-    EXPECT_EQ(root->subviews().size(), 2u);
+    root->addSubview(make<Sweeper>(CGRectMake(0, 0, 100, 100)));
+    const std::weak_ptr<UIView> dropped = back;
+    back.reset();
+    EXPECT_EQ(root->hitTest({10, 10}), root);
+    EXPECT_TRUE(dropped.expired());
 }
 
 // Points and rectangles from view to view

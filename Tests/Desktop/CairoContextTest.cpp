@@ -4,6 +4,7 @@
 #include "Platform/CoreGraphics/CGImage.h"
 #include "Platform/CoreGraphics/CGPath.h"
 #include "Platform/CoreGraphics/CGRecordingContext.h"
+#include "Tests/CoreGraphics/AllocationCounter.h"
 #include "Tests/Desktop/Canvas.h"
 
 #include <gtest/gtest.h>
@@ -286,6 +287,35 @@ TEST(CairoContext, UnchangedTextIsNotSetAgain) {
     EXPECT_NE(cache.layout(context.get(), "0:42", bold, {80.0, 20.0}), first);
     cairo_scale(context.get(), 2.0, 2.0);
     EXPECT_NE(cache.layout(context.get(), "0:42", style, {80.0, 20.0}), first);
+}
+
+TEST(CairoContext, FrameThatIsDrawnAgainAllocatesNothing) {
+    Canvas canvas(200.0, 60.0, 1.5);
+    CGRecordingContext recording({5.0, 5.0});
+    recording.fillRect(CGRectMake(0.0, 0.0, 3.0, 3.0), white);
+    const auto cell = recording.drawing();
+    const auto image = oneColorImage(20, 200);
+    CGPath path;
+    path.addEllipse(CGRectMake(0.0, 0.0, 30.0, 30.0));
+    const auto drawFrame = [&] {
+        CGContext& context = canvas.context();
+        const CGRect all = CGRectMake(0.0, 0.0, 200.0, 60.0);
+        context.clearRect(all);
+        context.beginGroup(0.5, all);
+        context.fillPattern(cell, all);
+        context.fillRoundedRect(CGRectMake(10.0, 10.0, 40.0, 40.0), 8.0, red);
+        context.strokePath(path, {.width = 2.0}, white);
+        context.drawImage(image, CGRectMake(60.0, 10.0, 40.0, 40.0));
+        context.drawText("1:23:45", {.font = {.size = 14.0}, .color = white},
+                         CGRectMake(100.0, 0.0, 90.0, 60.0));
+        context.endGroup();
+    };
+    drawFrame();
+    const std::size_t before = allocationCount();
+    for (int frame = 0; frame < 10; ++frame) {
+        drawFrame();
+    }
+    EXPECT_EQ(allocationCount(), before);
 }
 
 TEST(CairoContext, RoundedRectangleOfHalfItsSideIsACircle) {

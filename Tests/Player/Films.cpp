@@ -2,6 +2,7 @@
 
 #include "Tests/Player/Process.h"
 
+#include <fstream>
 #include <stdexcept>
 #include <vector>
 
@@ -50,6 +51,17 @@ fs::path Films::white() {
     return film("white.mkv", [](const std::string& path) {
         run(ffmpeg({"-f", "lavfi", "-i", "color=white:size=640x360:rate=30:duration=6", "-c:v", "libx264",
                     "-preset", "ultrafast", path}));
+    });
+}
+
+fs::path Films::subtitled() {
+    return film("subtitled.mkv", [](const std::string& path) {
+        const TemporaryFolder folder;
+        const fs::path lines = folder.path() / "lines.srt";
+        std::ofstream(lines) << "1\n00:00:00,000 --> 00:00:06,000\nA line of subtitles, gypq\n";
+        run(ffmpeg({"-f", "lavfi", "-i", "color=black:size=640x360:rate=30:duration=6", "-i", lines.string(),
+                    "-c:v", "libx264", "-preset", "ultrafast", "-c:s", "srt", "-disposition:s:0", "default",
+                    path}));
     });
 }
 

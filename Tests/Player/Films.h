@@ -14,6 +14,9 @@ public:
     /// Six seconds of plain white.
     static std::filesystem::path white();
 
+    /// Six seconds of black with a line of subtitles.
+    static std::filesystem::path subtitled();
+
     /// Two seconds of sound without a picture.
     static std::filesystem::path sound();
 

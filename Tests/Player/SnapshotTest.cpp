@@ -115,6 +115,21 @@ TEST(Snapshot, SoundAloneHasABlackPicture) {
     }
 }
 
+TEST(Snapshot, SubtitlesStandAboveTheBottomBar) {
+    for (const auto& [size, height] : {std::pair("640x360", 360), std::pair("320x180", 180)}) {
+        const Snapshot taken = snapshot(Films::subtitled(), {"--at", "2", "--size", size});
+        ASSERT_EQ(taken.film.height(), height) << taken.errors;
+        int lowest = 0;
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < taken.film.width(); ++x) {
+                lowest = taken.film.at(x, y)[1] > 100 ? y : lowest;
+            }
+        }
+        EXPECT_GT(lowest, height / 2) << "there are subtitles";
+        EXPECT_LT(lowest, height - 40);
+    }
+}
+
 TEST(Snapshot, FilmThatIsCutOffPlaysAsFarAsItGoes) {
     const fs::path whole = Films::sample();
     const fs::path half = Films::cut(whole, fs::file_size(whole) / 2, "half.mkv");

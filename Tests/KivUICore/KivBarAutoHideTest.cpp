@@ -505,6 +505,20 @@ TEST_F(KivBarAutoHideTest, CleaningLetsABarGoThatOnlyItsTimerHolds) {
     EXPECT_TRUE(present.expired());
 }
 
+TEST_F(KivBarAutoHideTest, ActivityKeepsABarThatOnlyItsTimerHolds) {
+    const std::weak_ptr<CountingBar> present = bar;
+    bar->setAutoHide(3.0);
+    CountingBar& held = *bar;
+    bar = nullptr;
+    host.advance(2.0);
+    held.resetAutoHide();
+    host.advance(2.0);
+    EXPECT_FALSE(present.expired());
+    EXPECT_EQ(held.hides, 0);
+    host.advance(10.0);
+    EXPECT_TRUE(present.expired());
+}
+
 // Overriding
 
 /// A bar with a delay of its own, which is never stored.

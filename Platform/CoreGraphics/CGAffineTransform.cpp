@@ -21,10 +21,6 @@ bool isFinite(const CGAffineTransform& transform) {
 
 } // namespace
 
-CGAffineTransform CGAffineTransformMakeTranslation(CGFloat tx, CGFloat ty) {
-    return {1.0, 0.0, 0.0, 1.0, tx, ty};
-}
-
 CGAffineTransform CGAffineTransformMakeScale(CGFloat sx, CGFloat sy) { return {sx, 0.0, 0.0, sy, 0.0, 0.0}; }
 
 CGAffineTransform CGAffineTransformMakeRotation(CGFloat angle) {

@@ -18,7 +18,9 @@ struct CGAffineTransform {
     friend bool operator==(const CGAffineTransform&, const CGAffineTransform&) = default;
 };
 
-CGAffineTransform CGAffineTransformMakeTranslation(CGFloat tx, CGFloat ty);
+constexpr CGAffineTransform CGAffineTransformMakeTranslation(CGFloat tx, CGFloat ty) {
+    return {1.0, 0.0, 0.0, 1.0, tx, ty};
+}
 CGAffineTransform CGAffineTransformMakeScale(CGFloat sx, CGFloat sy);
 
 /// `angle` in radians, clockwise where y grows downwards.

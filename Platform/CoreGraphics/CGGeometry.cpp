@@ -113,10 +113,13 @@ bool CGRectIntersectsRect(const CGRect& a, const CGRect& b) {
 }
 
 CGRect CGRectIntersection(const CGRect& a, const CGRect& b) {
-    if (!CGRectIntersectsRect(a, b))
+    const Span horizontalOfA = horizontalSpan(a);
+    const Span horizontalOfB = horizontalSpan(b);
+    const Span verticalOfA = verticalSpan(a);
+    const Span verticalOfB = verticalSpan(b);
+    if (!overlap(horizontalOfA, horizontalOfB) || !overlap(verticalOfA, verticalOfB))
         return {};
-    return rectOfSpans(intersection(horizontalSpan(a), horizontalSpan(b)),
-                       intersection(verticalSpan(a), verticalSpan(b)));
+    return rectOfSpans(intersection(horizontalOfA, horizontalOfB), intersection(verticalOfA, verticalOfB));
 }
 
 CGRect CGRectUnion(const CGRect& a, const CGRect& b) {
@@ -129,10 +132,6 @@ CGRect CGRectUnion(const CGRect& a, const CGRect& b) {
 
 CGRect CGRectInset(const CGRect& rect, CGFloat dx, CGFloat dy) {
     return rectOfSpans(inset(horizontalSpan(rect), dx), inset(verticalSpan(rect), dy));
-}
-
-CGRect CGRectOffset(const CGRect& rect, CGFloat dx, CGFloat dy) {
-    return {{rect.origin.x + dx, rect.origin.y + dy}, rect.size};
 }
 
 CGRect CGRectIntegral(const CGRect& rect) {

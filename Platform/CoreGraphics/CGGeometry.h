@@ -72,7 +72,9 @@ CGRect CGRectUnion(const CGRect& a, const CGRect& b);
 CGRect CGRectInset(const CGRect& rect, CGFloat dx, CGFloat dy);
 
 /// Moved; the size stays as it was given.
-CGRect CGRectOffset(const CGRect& rect, CGFloat dx, CGFloat dy);
+constexpr CGRect CGRectOffset(const CGRect& rect, CGFloat dx, CGFloat dy) {
+    return {{rect.origin.x + dx, rect.origin.y + dy}, rect.size};
+}
 
 /// The smallest rectangle with whole coordinates around the rectangle; an empty one at the origin around an
 /// empty one.

@@ -13,6 +13,7 @@ namespace UIKit {
 class DamageRegion {
 public:
     void add(const CoreGraphics::CGRect& rect);
+    void clear() { count_ = 0; }
 
     bool isEmpty() const { return count_ == 0; }
     std::span<const CoreGraphics::CGRect> rects() const { return {rects_.data(), count_}; }

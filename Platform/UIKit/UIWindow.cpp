@@ -133,13 +133,14 @@ void UIWindow::damage(const CGRect& rect) {
     const CGFloat bottom = std::ceil(CGRectGetMaxY(visible) * scale) / scale;
     // Everything includes what was noted before, which may lie outside now: the window was smaller since.
     if (visible == bounds()) {
-        damage_ = {};
+        damage_.clear();
     }
     damage_.add({{left, top}, {right - left, bottom - top}});
 }
 
 void UIWindow::display(CGContext& context) {
-    const DamageRegion damage = std::exchange(damage_, {});
+    const DamageRegion damage = damage_;
+    damage_.clear();
     for (const CGRect& rect : damage.rects()) {
         context.saveState();
         context.clipToRect(rect);

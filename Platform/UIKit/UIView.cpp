@@ -453,10 +453,7 @@ CGRect UIView::presentedExtent() const {
     return extent;
 }
 
-bool UIView::meets(const CGRect& area) const {
-    if (CGRectIntersectsRect(presentedBounds(), area)) {
-        return true;
-    }
+bool UIView::reachesInto(const CGRect& area) const {
     return !clipsToBounds_ && !subviews_.empty() && CGRectIntersectsRect(presentedExtent(), area);
 }
 

@@ -186,7 +186,7 @@ private:
     void invalidateExtent();
     void invalidateRect(const CoreGraphics::CGRect& rect);
     CoreGraphics::CGRect presentedExtent() const;
-    bool meets(const CoreGraphics::CGRect& area) const;
+    bool reachesInto(const CoreGraphics::CGRect& area) const;
 
     UIWindow* containingWindow() const;
     void moveSubview(const std::shared_ptr<UIView>& view, std::size_t index);

@@ -8,20 +8,32 @@ namespace UIKit {
 
 using namespace CoreGraphics;
 
+namespace {
+
+// Quickest where all of it is drawn again.
+CGRect dirtyPart(const CGRect& bounds, const CGRect& dirty) {
+    return CGRectContainsRect(dirty, bounds) ? bounds : CGRectIntersection(bounds, dirty);
+}
+
+} // namespace
+
 void ViewRenderer::draw(UIView& view, const CGRect& dirty) {
+    draw(view, dirty, dirtyPart(view.presentedBounds(), dirty));
+}
+
+void ViewRenderer::draw(UIView& view, const CGRect& dirty, const CGRect& dirtyContent) {
     const CGFloat alpha = view.presentedAlpha();
     if (alpha < 1.0) {
         context_.beginGroup(alpha, view.presentedExtent());
-        drawContents(view, dirty);
+        drawContents(view, dirty, dirtyContent);
         context_.endGroup();
     } else {
-        drawContents(view, dirty);
+        drawContents(view, dirty, dirtyContent);
     }
 }
 
-void ViewRenderer::drawContents(UIView& view, const CGRect& dirty) {
+void ViewRenderer::drawContents(UIView& view, const CGRect& dirty, const CGRect& dirtyContent) {
     const CGRect bounds = view.presentedBounds();
-    const CGRect dirtyContent = CGRectIntersection(bounds, dirty);
     if (view.clipsToBounds_) {
         context_.clipToRect(bounds);
     }
@@ -40,12 +52,16 @@ void ViewRenderer::drawSubview(UIView& view, const CGRect& dirtyInSuperview) {
     }
     const ViewGeometry geometry = view.presentedGeometry();
     const std::optional<CGRect> dirty = geometry.rectFromSuperview(dirtyInSuperview);
-    if (!dirty || !view.meets(*dirty)) {
+    if (!dirty) {
+        return;
+    }
+    const CGRect dirtyContent = dirtyPart(geometry.bounds(), *dirty);
+    if (CGRectIsEmpty(dirtyContent) && !view.reachesInto(*dirty)) {
         return;
     }
     context_.saveState();
     context_.concatenate(geometry.toSuperview());
-    draw(view, *dirty);
+    draw(view, *dirty, dirtyContent);
     context_.restoreState();
 }
 

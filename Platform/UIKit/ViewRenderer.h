@@ -16,7 +16,9 @@ public:
     void draw(UIView& view, const CoreGraphics::CGRect& dirty);
 
 private:
-    void drawContents(UIView& view, const CoreGraphics::CGRect& dirty);
+    void draw(UIView& view, const CoreGraphics::CGRect& dirty, const CoreGraphics::CGRect& dirtyContent);
+    void drawContents(UIView& view, const CoreGraphics::CGRect& dirty,
+                      const CoreGraphics::CGRect& dirtyContent);
     void drawSubview(UIView& view, const CoreGraphics::CGRect& dirtyInSuperview);
     void drawBackground(const UIView& view, const CoreGraphics::CGRect& bounds);
 

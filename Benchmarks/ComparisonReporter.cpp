@@ -54,7 +54,9 @@ void ComparisonReporter::note(const Run& run) {
     }
     note(measure, system, {run.GetAdjustedCPUTime(), benchmark::GetTimeUnitString(run.time_unit)});
     for (const auto& [counter, value] : run.counters) {
-        note(measure + ": " + counter, system, {value, ""});
+        std::string counted = measure;
+        counted += ": " + counter;
+        note(counted, system, {value, ""});
     }
 }
 

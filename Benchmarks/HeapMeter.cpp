@@ -8,6 +8,7 @@
 
 // The C library's own allocator, which the functions below stand in front of. A program may replace malloc
 // and its relatives as long as it replaces all of them; shared libraries then use the replacements too.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -15,6 +16,7 @@ void* __libc_realloc(void* block, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* block);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace Benchmarks {
 
@@ -57,6 +59,7 @@ void HeapMeter::freed(const void* block) {
 using Benchmarks::noted;
 using Benchmarks::noteFreed;
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 void* malloc(std::size_t size) { return noted(__libc_malloc(size)); }
@@ -92,3 +95,4 @@ void* valloc(std::size_t size) {
     return noted(__libc_memalign(static_cast<std::size_t>(sysconf(_SC_PAGESIZE)), size));
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -7,10 +7,10 @@ int main(int argc, char** argv) {
     // Repeated and interleaved, so that a measure and its peers share whatever else the machine is doing. The
     // command line's own options come later and win.
     std::vector<std::string> texts{*argv, "--benchmark_repetitions=9", "--benchmark_min_time=0.05",
-                                   "--benchmark_enable_random_interleaving=true",
-                                   "--benchmark_report_aggregates_only=false"};
+                                   "--benchmark_enable_random_interleaving=true"};
     texts.insert(texts.end(), argv + 1, argv + argc);
     std::vector<char*> arguments;
+    arguments.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         arguments.push_back(text.data());
     }

@@ -1,12 +1,12 @@
 #include "Player/Desktop/PlayerApplication.h"
 
 #include "Platform/UIKit/UIWindow.h"
+#include "Player/Desktop/ErrorLine.h"
 #include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/SoundOutput.h"
 
 #include <cctype>
 #include <filesystem>
-#include <iostream>
 
 namespace Player {
 
@@ -76,7 +76,7 @@ void PlayerApplication::filmHasNews() {
     film_.update();
     if (film_.failure() && !hasFailed_) {
         hasFailed_ = true;
-        std::cerr << "kivplayer: " << *film_.failure() << '\n';
+        printErrorLine(*film_.failure());
         overlay_->showMessage(sentence(*film_.failure()));
     }
 }

@@ -1,3 +1,4 @@
+#include "Player/Desktop/ErrorLine.h"
 #include "Player/Desktop/Options.h"
 #include "Player/Desktop/PlayerApplication.h"
 #include "Player/Desktop/Snapshot.h"
@@ -22,7 +23,7 @@ int main(int count, char** arguments) {
     if (exit.code == Player::ExitCode::Success) {
         std::cout << exit.text;
     } else if (!exit.text.empty()) {
-        std::cerr << "kivplayer: " << exit.text << '\n';
+        Player::printErrorLine(exit.text);
     }
     return static_cast<int>(exit.code);
 }

@@ -44,6 +44,13 @@ TEST_P(FilmThatCannotBePlayed, IsToldInOneLineAndEndsASnapshot) {
     EXPECT_EQ(player->output(), "");
 }
 
+TEST(FailureTest, AFileNameWithLineBreaksAndTerminalCommandsIsToldInOneLine) {
+    const TemporaryFolder folder;
+    const auto player = startPlayer({"a\nb\x1b[2Jc", "--snapshot", (folder.path() / "pictures").string()});
+    EXPECT_EQ(player->wait(), 1);
+    EXPECT_EQ(player->errors(), "kivplayer: cannot play 'a?b?[2Jc': no such file\n");
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Films, FilmThatCannotBePlayed,
     testing::Values(

@@ -247,6 +247,13 @@ TEST_F(AnimatorTest, WithoutDurationAllIsThereAndCompletionComesWithTheNextTurn)
     }
 }
 
+TEST_F(AnimatorTest, WithoutDurationNothingCanInterrupt) {
+    animate(0.0, [&] { view->setAlpha(0.5); });
+    view->setAlpha(0.25);
+    host.runLoop().turn();
+    EXPECT_EQ(log, Log{"finished"});
+}
+
 TEST_F(AnimatorTest, WithoutDurationButWithADelayItJumpsThen) {
     animate(0.0, 0.5, [&] { view->setFrame(CGRectMake(50, 50, 50, 50)); });
     host.advance(0.25);

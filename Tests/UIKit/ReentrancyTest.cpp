@@ -191,6 +191,27 @@ TEST_P(ReentrancyTest, TouchStep) {
     }
 }
 
+TEST_P(ReentrancyTest, HitTest) {
+    class Restless : public UIView {
+    public:
+        std::function<void()> onHitTest;
+        std::shared_ptr<UIView> hitTest(const CGPoint& /*point*/) override {
+            onHitTest();
+            return nullptr;
+        }
+    };
+    const auto restless = make<Restless>(CGRectMake(0, 0, 100, 100));
+    restless->onHitTest = [&] { destroy(); };
+    scene.window->addSubview(restless);
+    gesture(Scene::onProbe);
+    expectSettled();
+    const auto begins = std::count(scene.log->begin(), scene.log->end(), "began 0");
+    const auto ends = std::count_if(scene.log->begin(), scene.log->end(), [](const std::string& each) {
+        return each == "ended 0" || each == "cancelled 0";
+    });
+    EXPECT_EQ(begins, ends);
+}
+
 TEST_P(ReentrancyTest, CancellationOfAllTouches) {
     scene.probe->onTouch = [&](const UITouch& touch) {
         if (touch.phase == UITouchPhase::Cancelled) {

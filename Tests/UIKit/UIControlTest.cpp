@@ -316,6 +316,9 @@ TEST_F(UIControlTest, SameTargetAndActionAreMerged) {
     control->addTarget(first, "tell", UIControlEventValueChanged);
     control->sendActionsForControlEvents(UIControlEventValueChanged | UIControlEventTouchDown);
     EXPECT_EQ(log, (Log{"first", "second"}));
+    log.clear();
+    control->sendActionsForControlEvents(UIControlEventTouchDown);
+    EXPECT_EQ(log, (Log{"first", "second"}));
     control->addTarget(first, "tell:", UIControlEventValueChanged);
     log.clear();
     control->sendActionsForControlEvents(UIControlEventValueChanged);

@@ -108,6 +108,8 @@ TEST(ViewGeometryTest, FrameIsWhatWasSetUnderQuarterTurnsMirrorsAndShifts) {
         geometry.setBounds(CGRectMake(9, 9, 5, 5));
         geometry.setFrame(CGRectMake(10, 20, 40, 60));
         expectNear(geometry.frame(), CGRectMake(10, 20, 40, 60));
+        EXPECT_GT(geometry.bounds().size.width, 0.0);
+        EXPECT_GT(geometry.bounds().size.height, 0.0);
         EXPECT_EQ(geometry.bounds().origin, CGPointMake(9, 9));
     }
 }

@@ -419,8 +419,6 @@ void UIView::invalidateExtent() {
     }
 }
 
-bool UIView::isVisible() const { return !isHidden_ && presentedAlpha() > 0.0; }
-
 void UIView::invalidateRect(const CGRect& rect) {
     CGRect area = rect;
     for (UIView* each = this; each->isVisible(); each = each->superview_) {
@@ -508,11 +506,8 @@ AnimatedValues UIView::presentedValues(AnimatedProperty property) const {
     return values ? *values : modelValues(property);
 }
 
-ViewGeometry UIView::presentedGeometry() const {
+ViewGeometry UIView::animatedGeometry() const {
     ViewGeometry geometry = geometry_;
-    if (animations_.isEmpty()) {
-        return geometry;
-    }
     if (const std::optional<AnimatedValues> box = animations_.values(AnimatedProperty::Box)) {
         geometry.setBox({{(*box)[0], (*box)[1]}, {(*box)[2], (*box)[3]}});
     }
@@ -523,14 +518,6 @@ ViewGeometry UIView::presentedGeometry() const {
         geometry.setTransform({(*to)[0], (*to)[1], (*to)[2], (*to)[3], (*to)[4], (*to)[5]});
     }
     return geometry;
-}
-
-CGFloat UIView::presentedAlpha() const {
-    return animations_.isEmpty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
-}
-
-CGRect UIView::presentedBounds() const {
-    return animations_.isEmpty() ? geometry_.bounds() : presentedGeometry().bounds();
 }
 
 CGRect UIView::alignedToPixels(const CGRect& rect) const {

@@ -151,7 +151,7 @@ protected:
     virtual void didMoveToWindow() {}
 
     /// The bounds as they are shown at present, which is what there is to draw in.
-    CoreGraphics::CGRect presentedBounds() const;
+    CoreGraphics::CGRect presentedBounds() const { return presentedGeometry().bounds(); }
 
     /// `rect`, in this view's coordinates, moved by less than a pixel so that its corner lies on one of the
     /// window's: what has straight edges shows them sharp. Unchanged in no window, and where this view or one
@@ -172,8 +172,13 @@ private:
 
     AnimatedValues modelValues(AnimatedProperty property) const;
     AnimatedValues presentedValues(AnimatedProperty property) const;
-    ViewGeometry presentedGeometry() const;
-    CoreGraphics::CGFloat presentedAlpha() const;
+    ViewGeometry animatedGeometry() const;
+
+    // Inline, for drawing asks every view each time, and hardly ever one that moves.
+    ViewGeometry presentedGeometry() const { return animations_.isEmpty() ? geometry_ : animatedGeometry(); }
+    CoreGraphics::CGFloat presentedAlpha() const {
+        return animations_.isEmpty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
+    }
 
     template <class Change>
     void change(AnimatedProperty property, Change&& change);
@@ -182,7 +187,7 @@ private:
     void setGeometry(const ViewGeometry& geometry);
     void resizeSubviews(const CoreGraphics::CGSize& oldSize);
 
-    bool isVisible() const;
+    bool isVisible() const { return !isHidden_ && presentedAlpha() > 0.0; }
     void invalidateExtent();
     void invalidateRect(const CoreGraphics::CGRect& rect);
     CoreGraphics::CGRect presentedExtent() const;

@@ -15,7 +15,10 @@ constexpr float leastTime = -9223372036854775808.0F;
 constexpr float greatestTime = 9223371487098961920.0F;
 
 // Negative parts get their zero too, in front of the sign.
-std::string padded(std::int64_t part) { return (part < 10 ? "0" : "") + std::to_string(part); }
+std::string padded(std::int64_t part) {
+    const std::string digits = std::to_string(part);
+    return part < 10 ? "0" + digits : digits;
+}
 
 } // namespace
 

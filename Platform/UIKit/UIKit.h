@@ -7,6 +7,7 @@
 #include "Platform/UIKit/UIFont.h"
 #include "Platform/UIKit/UIGraphics.h"
 #include "Platform/UIKit/UIImage.h"
+#include "Platform/UIKit/UIKey.h"
 #include "Platform/UIKit/UILabel.h"
 #include "Platform/UIKit/UISlider.h"
 #include "Platform/UIKit/UITouch.h"

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Overlay {
+
+enum class TrackKind { Audio, Subtitle };
+
+struct Track {
+    TrackKind kind = TrackKind::Audio;
+
+    /// Unlike that of any other track of its kind.
+    std::int64_t identifier = 0;
+
+    /// What the film calls it, in any script; made up of language and number where it has no name.
+    std::string name;
+    bool isSelected = false;
+
+    friend bool operator==(const Track&, const Track&) = default;
+};
+
+struct Chapter {
+    /// In seconds.
+    double start = 0.0;
+    std::string name;
+
+    friend bool operator==(const Chapter&, const Chapter&) = default;
+};
+
+/// What is known of a film at one moment. Times are in seconds.
+struct PlaybackState {
+    /// The film's own title, or the name of its file.
+    std::string title;
+
+    double position = 0.0;
+
+    /// Unknown while the film is being opened, and for one without an end.
+    std::optional<double> duration;
+
+    bool isPaused = false;
+
+    /// It should play or show a picture, but there is no data yet.
+    bool isWaiting = false;
+    bool isSeeking = false;
+    bool hasEnded = false;
+
+    /// From 0.0 to 1.0.
+    double volume = 1.0;
+    bool isMuted = false;
+    double speed = 1.0;
+
+    std::vector<Track> tracks;
+    std::vector<Chapter> chapters;
+
+    /// Why nothing can be played, as one sentence without its end; nothing while all is well.
+    std::optional<std::string> error;
+
+    friend bool operator==(const PlaybackState&, const PlaybackState&) = default;
+};
+
+} // namespace Overlay

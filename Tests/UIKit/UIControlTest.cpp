@@ -390,7 +390,7 @@ TEST_F(UIControlTest, EventsAddedWhileTargetsAreToldWaitForTheNextTime) {
 TEST_F(UIControlTest, WhoIsTakenAwayWhileTargetsAreToldHearsNothing) {
     forgetListeners();
     listen(UIControlEventTouchDown, "first");
-    const auto second = listen(UIControlEventTouchDown, "second");
+    const auto second = listen(UIControlEventTouchDown | UIControlEventValueChanged, "second");
     listen(UIControlEventTouchDown, "third");
     onEvent = [&] { control->removeTarget(second, {}, UIControlEventTouchDown); };
     control->sendActionsForControlEvents(UIControlEventTouchDown);

@@ -407,6 +407,10 @@ void UIView::touchesCancelled(const UITouch& touch) {
     }
 }
 
+bool UIView::scrollBy(const CGPoint& /*delta*/) { return false; }
+
+bool UIView::keyPressed(const UIKey& /*key*/) { return false; }
+
 // Drawing
 
 void UIView::drawRect(CGContext& /*context*/, const CGRect& /*rect*/) {}

@@ -18,6 +18,7 @@ namespace UIKit {
 
 class UIColor;
 class UIWindow;
+struct UIKey;
 
 /// A rectangle on the screen with views of its own on top. A view owns its subviews and refers weakly to its
 /// superview. Setting a property sets the model, which is what reads see; inside an animation the
@@ -123,6 +124,15 @@ public:
     virtual void touchesMoved(const UITouch& touch);
     virtual void touchesEnded(const UITouch& touch);
     virtual void touchesCancelled(const UITouch& touch);
+
+    /// The wheel moved over the view, or over one inside that let it pass: scrolls what the view shows, and
+    /// says whether it took the movement, which it does at the end of its way too. `delta`, in points, is the
+    /// way of the content: below zero it goes up, and what lies further down shows. May tear down anything.
+    virtual bool scrollBy(const CoreGraphics::CGPoint& delta);
+
+    /// A key that is offered to what is presented in the window, innermost views first; says whether the view
+    /// took it. May tear down anything.
+    virtual bool keyPressed(const UIKey& key);
 
     /// Draws the view's own content between its background and its subviews, in its own coordinates and
     /// inside its bounds; `rect` is the part that is needed. Must not change any view.

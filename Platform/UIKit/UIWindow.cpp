@@ -13,6 +13,21 @@ namespace UIKit {
 
 using namespace CoreGraphics;
 
+namespace {
+
+// What is added or taken out meanwhile is passed over.
+bool offerKey(const std::shared_ptr<UIView>& view, const UIKey& key) {
+    const std::vector<std::shared_ptr<UIView>> subviews = view->subviews();
+    for (auto each = subviews.rbegin(); each != subviews.rend(); ++each) {
+        if (!(*each)->isHidden() && (*each)->superview() == view && offerKey(*each, key)) {
+            return true;
+        }
+    }
+    return view->keyPressed(key);
+}
+
+} // namespace
+
 const Foundation::Class& UIWindow::classObject() {
     static const Foundation::Class& object =
         Foundation::ClassBuilder<UIWindow, UIView>("UIKit.UIWindow").build();
@@ -110,6 +125,41 @@ void UIWindow::deliver(const Capture& capture) {
         touch.view->touchesCancelled(touch);
         break;
     }
+}
+
+bool UIWindow::sendScroll(const CGPoint& location, const CGPoint& delta) {
+    const std::shared_ptr<UIView> modal = modalView();
+    const std::shared_ptr<UIView> hit = hitTest(location);
+    for (std::shared_ptr<UIView> each = hit; each; each = each->superview()) {
+        if (modal && !each->isDescendantOfView(*modal)) {
+            return true;
+        }
+        if (each->scrollBy(delta)) {
+            return true;
+        }
+    }
+    return modal != nullptr;
+}
+
+bool UIWindow::sendKey(const UIKey& key) {
+    const std::shared_ptr<UIView> modal = modalView();
+    return modal && offerKey(modal, key);
+}
+
+void UIWindow::addModalView(const std::shared_ptr<UIView>& view) {
+    addSubview(view);
+    std::erase_if(modalViews_, [](const std::weak_ptr<UIView>& each) { return each.expired(); });
+    modalViews_.push_back(view);
+}
+
+std::shared_ptr<UIView> UIWindow::modalView() const {
+    for (auto each = modalViews_.rbegin(); each != modalViews_.rend(); ++each) {
+        const std::shared_ptr<UIView> view = each->lock();
+        if (view && view->superview().get() == this) {
+            return view;
+        }
+    }
+    return nullptr;
 }
 
 void UIWindow::setContentScale(CGFloat scale) {

@@ -26,6 +26,21 @@ public:
     /// Cancels all touches that are down: when the window loses the pointer or the focus.
     void cancelTouches();
 
+    /// Wheel movement over `location`, in points, offered to the view there and then to those around it, as
+    /// UIView::scrollBy tells. True if somebody took it. A modal view takes what nobody in it does, and what
+    /// is beside it.
+    bool sendScroll(const CoreGraphics::CGPoint& location, const CoreGraphics::CGPoint& delta);
+
+    /// Offers a key to the modal view on top, the views in it first. True if somebody took it; false too
+    /// while there is no such view.
+    bool sendKey(const UIKey& key);
+
+    /// Puts `view` over all others and in front of them for keys and the wheel, until it is taken out.
+    void addModalView(const std::shared_ptr<UIView>& view);
+
+    /// The modal view that was added last; nothing when there is none.
+    std::shared_ptr<UIView> modalView() const;
+
     /// True while anything that is visible differs from what was drawn last.
     bool needsDisplay() const { return !damage_.isEmpty(); }
 
@@ -65,6 +80,7 @@ private:
     CoreGraphics::CGFloat contentScale_ = 1.0;
     DamageRegion damage_;
     std::vector<Capture> captures_;
+    std::vector<std::weak_ptr<UIView>> modalViews_;
 };
 
 } // namespace UIKit

@@ -4,6 +4,7 @@
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/UIKit/UIColor.h"
+#include "Platform/UIKit/UIKey.h"
 #include "Platform/UIKit/UIView.h"
 
 #include <functional>
@@ -23,6 +24,19 @@ public:
     std::function<void()> onWindow;
     std::function<void(const CoreGraphics::CGRect&)> onDraw;
     std::function<void()> onTearDown;
+    std::function<bool(const CoreGraphics::CGPoint&)> onScroll;
+    std::function<bool(const UIKit::UIKey&)> onKey;
+
+    bool scrollBy(const CoreGraphics::CGPoint& delta) override {
+        log->push_back(name + "scrolled " + std::to_string(static_cast<int>(delta.y)));
+        const auto call = onScroll;
+        return call && call(delta);
+    }
+    bool keyPressed(const UIKit::UIKey& key) override {
+        log->push_back(name + "key " + key.characters);
+        const auto call = onKey;
+        return call && call(key);
+    }
 
     void touchesBegan(const UIKit::UITouch& touch) override { hear("began", touch); }
     void touchesMoved(const UIKit::UITouch& touch) override { hear("moved", touch); }

@@ -75,12 +75,16 @@ public:
     CoreGraphics::CGSize sizeThatFits(const CoreGraphics::CGSize& size) const override;
     void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
 
+protected:
+    /// The value for which the thumb's middle would be at `x`, or that of the nearer end. Nothing where the
+    /// thumb has no way to move.
+    std::optional<float> valueForThumbCenter(CoreGraphics::CGFloat x) const;
+
 private:
     float presentedSliderValue() const;
     double fractionOf(float value) const;
     CoreGraphics::CGRect thumbRect(const CoreGraphics::CGRect& bounds, float value) const;
     CoreGraphics::CGRect thumbTarget() const;
-    std::optional<float> valueForThumbCenter(CoreGraphics::CGFloat x) const;
     bool isFarEnoughToTravel(float value) const;
 
     void travelTo(float value);

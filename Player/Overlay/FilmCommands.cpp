@@ -1,0 +1,41 @@
+#include "Player/Overlay/FilmCommands.h"
+
+#include <algorithm>
+
+namespace Overlay {
+
+double FilmCommands::position() const { return seeks_.target().value_or(playback_.state().position); }
+
+void FilmCommands::togglePlay() {
+    const PlaybackState& state = playback_.state();
+    if (state.isPaused || state.hasEnded) {
+        playback_.play();
+    } else {
+        playback_.pause();
+    }
+}
+
+void FilmCommands::toggleMute() { playback_.setMuted(!playback_.state().isMuted); }
+
+void FilmCommands::seekBy(double seconds) {
+    double time = std::max(0.0, position() + seconds);
+    if (const std::optional<double> duration = playback_.state().duration) {
+        time = std::min(time, *duration);
+    }
+    seek(time, SeekPrecision::Exact);
+}
+
+void FilmCommands::seekToFraction(double fraction) {
+    if (const std::optional<double> duration = playback_.state().duration) {
+        seek(*duration * fraction, SeekPrecision::Exact);
+    }
+}
+
+void FilmCommands::changeVolume(double difference) {
+    playback_.setVolume(std::clamp(playback_.state().volume + difference, 0.0, 1.0));
+    if (difference > 0.0 && playback_.state().isMuted) {
+        playback_.setMuted(false);
+    }
+}
+
+} // namespace Overlay

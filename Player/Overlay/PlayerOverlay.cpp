@@ -1,56 +1,213 @@
 #include "Player/Overlay/PlayerOverlay.h"
 
-#include "KivUICore/Bottom/BottomBar.h"
-#include "KivUICore/TopBar/TopBar.h"
-#include "Player/Overlay/MessageView.h"
+#include "Player/Overlay/FilmView.h"
+#include "Player/Overlay/KeyCommand.h"
+#include "Player/Overlay/WindowControls.h"
 
-#include <algorithm>
+#include <cmath>
 
 namespace Overlay {
 
 using namespace CoreGraphics;
 using Foundation::make;
+using Hold = AutoHidePolicy::Hold;
 
-PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root)
-    : hostView_(make<UIKit::UIView>(root->bounds())) {
-    hostView_->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth |
-                                   UIKit::UIViewAutoresizingFlexibleHeight);
-    root->addSubview(hostView_);
-    topBar_ = make<KivUICore::TopBar>(hostView_);
-    bottomBar_ = make<KivUICore::BottomBar>(hostView_);
+namespace {
 
-    // A bar travels to a new frame over half a second. While somebody drags the window's edge it would trail
-    // behind, so the edges follow by themselves and what travels is what is inside.
-    topBar_->view()->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth);
-    bottomBar_->view()->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth |
-                                            UIKit::UIViewAutoresizingFlexibleTopMargin);
+constexpr double hideDelay = 3.0;
+constexpr double seekStep = 5.0;
+constexpr double volumeStep = 0.05;
+
+std::shared_ptr<FilmView> fill(UIKit::UIView& root) {
+    std::shared_ptr<FilmView> picture = make<FilmView>(root.bounds());
+    picture->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth |
+                                 UIKit::UIViewAutoresizingFlexibleHeight);
+    root.addSubview(picture);
+    return picture;
 }
 
-PlayerOverlay::~PlayerOverlay() = default;
+} // namespace
+
+PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playback& playback,
+                             WindowControls& window)
+    : playback_(playback), window_(window), film_(playback), picture_(fill(*root)), hostView_(picture_),
+      title_(hostView_, [this] { goBack(); }), transport_(hostView_, transportActions()),
+      policy_({title_.bar(), transport_.bar()}, hideDelay) {
+    // A bar travels to a new frame over half a second. While somebody drags the window's edge it would trail
+    // behind, so the edges follow by themselves and what travels is what is inside.
+    title_.bar()->view()->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth);
+    transport_.bar()->view()->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth |
+                                                  UIKit::UIViewAutoresizingFlexibleTopMargin);
+    title_.bar()->setFadeHandler([this] { barsDidFade(); });
+    transport_.bar()->setFadeHandler([this] { barsDidFade(); });
+    picture_->setTouchHandler([this] { policy_.noteActivity(); });
+    picture_->setDoubleTapHandler([this] { toggleFullScreen(); });
+    playback_.setChangeHandler([this] { playbackDidChange(); });
+    refresh();
+}
+
+PlayerOverlay::~PlayerOverlay() {
+    playback_.setChangeHandler(nullptr);
+    picture_->setTouchHandler(nullptr);
+    picture_->setDoubleTapHandler(nullptr);
+    hostView_->removeFromSuperview();
+}
 
 CGFloat PlayerOverlay::bottomInset() { return KivUICore::KivBar::barHeight(); }
 
-void PlayerOverlay::hostViewWasResized() {
-    topBar_->updateBarFrameWithFrame(hostView_->frame());
-    bottomBar_->updateBarFrameWithFrame(hostView_->frame());
+TransportControls::Actions PlayerOverlay::transportActions() {
+    const auto active = [this](void (FilmCommands::*command)()) {
+        return [this, command] {
+            policy_.noteActivity();
+            (film_.*command)();
+        };
+    };
+    return {.togglePlay = active(&FilmCommands::togglePlay),
+            .toggleMute = active(&FilmCommands::toggleMute),
+            .toggleFullScreen = [this] { toggleFullScreen(); },
+            .beganScrubbing =
+                [this] {
+                    policy_.setHold(Hold::Dragging, true);
+                    film_.seek(transport_.scrubTime(), SeekPrecision::KeyFrame);
+                    refresh();
+                },
+            .scrubbed =
+                [this] {
+                    film_.seek(transport_.scrubTime(), SeekPrecision::KeyFrame);
+                    refresh();
+                },
+            .endedScrubbing = [this] { endScrubbing(); }};
 }
 
-void PlayerOverlay::showMessage(const std::string& text) {
-    constexpr CGFloat widest = 640.0;
-    constexpr CGFloat height = 96.0;
-    constexpr CGFloat margin = 24.0;
-    if (!message_) {
-        const CGRect host = hostView_->bounds();
-        const CGFloat width = std::clamp(CGRectGetWidth(host) - 2.0 * margin, 0.0, widest);
-        message_ = make<MessageView>(CGRectMake((CGRectGetWidth(host) - width) / 2.0,
-                                                (CGRectGetHeight(host) - height) / 2.0, width, height));
-        message_->setAutoresizingMask(
-            UIKit::UIViewAutoresizingFlexibleLeftMargin | UIKit::UIViewAutoresizingFlexibleRightMargin |
-            UIKit::UIViewAutoresizingFlexibleTopMargin | UIKit::UIViewAutoresizingFlexibleBottomMargin);
-        message_->setUserInteractionEnabled(false);
-        hostView_->addSubview(message_);
-    }
-    message_->setText(text);
+void PlayerOverlay::endScrubbing() {
+    film_.seek(transport_.scrubTime(), SeekPrecision::Exact);
+    policy_.setHold(Hold::Dragging, false);
+    refresh();
 }
+
+void PlayerOverlay::hostViewWasResized() {
+    title_.bar()->updateBarFrameWithFrame(hostView_->frame());
+    transport_.bar()->updateBarFrameWithFrame(hostView_->frame());
+    holdWhileOnBar();
+}
+
+// The film
+
+void PlayerOverlay::playbackDidChange() {
+    film_.playbackDidChange();
+    refresh();
+}
+
+void PlayerOverlay::refresh() {
+    const PlaybackState& state = playback_.state();
+    policy_.setHold(Hold::Paused, state.isPaused);
+    policy_.setHold(Hold::Ended, state.hasEnded);
+    policy_.setHold(Hold::Error, state.error.has_value());
+    title_.show(state.title);
+    transport_.show(state, film_.position(), window_.isFullScreen());
+}
+
+// The viewer
+
+void PlayerOverlay::pointerMoved(const CGPoint& location) {
+    // Some systems report a pointer that rests, when what is under it changes.
+    if (pointer_ == location) {
+        return;
+    }
+    pointer_ = location;
+    policy_.noteActivity();
+    holdWhileOnBar();
+}
+
+void PlayerOverlay::pointerLeft() {
+    pointer_.reset();
+    holdWhileOnBar();
+}
+
+void PlayerOverlay::holdWhileOnBar() {
+    const auto isOn = [this](const KivUICore::KivBar& bar) {
+        return pointer_ && CGRectContainsPoint(bar.view()->frame(), *pointer_);
+    };
+    policy_.setHold(Hold::PointerOnBar, isOn(*title_.bar()) || isOn(*transport_.bar()));
+}
+
+bool PlayerOverlay::handleKey(const UIKit::UIKey& key) {
+    const std::optional<KeyCommand> command = commandForKey(key);
+    if (command) {
+        run(*command);
+    }
+    return command.has_value();
+}
+
+void PlayerOverlay::run(const KeyCommand& command) {
+    using Action = KeyCommand::Action;
+    switch (command.action) {
+    case Action::TogglePlay:
+        film_.togglePlay();
+        break;
+    case Action::SeekBackward:
+        film_.seekBy(-seekStep);
+        break;
+    case Action::SeekForward:
+        film_.seekBy(seekStep);
+        break;
+    case Action::VolumeUp:
+        return changeVolume(volumeStep);
+    case Action::VolumeDown:
+        return changeVolume(-volumeStep);
+    case Action::ToggleMute:
+        film_.toggleMute();
+        break;
+    case Action::ToggleFullScreen:
+        return toggleFullScreen();
+    case Action::GoBack:
+        return goBack();
+    case Action::GoToFraction:
+        film_.seekToFraction(command.fraction);
+        break;
+    case Action::GoToEnd:
+        film_.seekToFraction(1.0);
+        break;
+    case Action::StepBackward:
+        film_.stepFrame(Direction::Backward);
+        break;
+    case Action::StepForward:
+        film_.stepFrame(Direction::Forward);
+        break;
+    case Action::Quit:
+        return window_.close();
+    }
+    policy_.noteActivity();
+    refresh();
+}
+
+void PlayerOverlay::scrolled(CGFloat notches) { changeVolume(notches * volumeStep); }
+
+void PlayerOverlay::changeVolume(double difference) { film_.changeVolume(difference); }
+
+void PlayerOverlay::goBack() {
+    if (window_.isFullScreen()) {
+        toggleFullScreen();
+    } else {
+        window_.close();
+    }
+}
+
+void PlayerOverlay::toggleFullScreen() {
+    policy_.noteActivity();
+    window_.setFullScreen(!window_.isFullScreen());
+}
+
+void PlayerOverlay::windowDidChange() { refresh(); }
+
+void PlayerOverlay::barsDidFade() {
+    const bool hides = !policy_.areBarsVisible();
+    if (hides != isPointerHidden_) {
+        isPointerHidden_ = hides;
+        window_.setPointerHidden(hides);
+    }
+}
+
+void PlayerOverlay::showNotice(const std::string& /*text*/) {}
 
 } // namespace Overlay

@@ -1,30 +1,32 @@
 #pragma once
 
 #include "Platform/CoreGraphics/CGGeometry.h"
+#include "Player/Overlay/AutoHidePolicy.h"
+#include "Player/Overlay/FilmCommands.h"
+#include "Player/Overlay/TitleControls.h"
+#include "Player/Overlay/TransportControls.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
-namespace KivUICore {
-class BottomBar;
-class KivBar;
-class TopBar;
-} // namespace KivUICore
-
 namespace UIKit {
-class UIView;
+struct UIKey;
 } // namespace UIKit
 
 namespace Overlay {
 
-class MessageView;
+class FilmView;
+struct KeyCommand;
+class WindowControls;
 
-/// What lies over the film: a bar along the top, one along the bottom, and a message when there is something
-/// to say.
+/// All that lies over a film: the bars with their controls, and what there is to say. A host hands in
+/// touches, by way of the root's window, the pointer, keys and the wheel.
 class PlayerOverlay {
 public:
-    /// Fills `root` with a host view, which follows its size, and puts the bars into that.
-    explicit PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root);
+    /// Fills `root` with a host view, which follows its size. Takes the playback's change handler. `playback`
+    /// and `window` outlive the overlay.
+    PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playback& playback, WindowControls& window);
     PlayerOverlay(const PlayerOverlay&) = delete;
     PlayerOverlay& operator=(const PlayerOverlay&) = delete;
     ~PlayerOverlay();
@@ -33,20 +35,52 @@ public:
     static CoreGraphics::CGFloat bottomInset();
 
     const std::shared_ptr<UIKit::UIView>& hostView() const { return hostView_; }
-    const std::shared_ptr<KivUICore::TopBar>& topBar() const { return topBar_; }
-    const std::shared_ptr<KivUICore::BottomBar>& bottomBar() const { return bottomBar_; }
+    const TitleControls& titleControls() const { return title_; }
+    const TransportControls& transportControls() const { return transport_; }
+    const AutoHidePolicy& autoHidePolicy() const { return policy_; }
 
     /// Lays the bars out anew. Call it after each change of the root's size.
     void hostViewWasResized();
 
-    /// Shows `text` in the middle of the picture from now on.
-    void showMessage(const std::string& text);
+    /// The pointer is at `location`, in the root's coordinates, whether its button is held or not; or it left
+    /// the window.
+    void pointerMoved(const CoreGraphics::CGPoint& location);
+    void pointerLeft();
+
+    /// True if the key meant something.
+    bool handleKey(const UIKit::UIKey& key);
+
+    /// The wheel was turned by so many notches, up if positive.
+    void scrolled(CoreGraphics::CGFloat notches);
+
+    /// The window went to full screen or came back.
+    void windowDidChange();
+
+    /// Shows a line for a while.
+    void showNotice(const std::string& text);
 
 private:
+    TransportControls::Actions transportActions();
+    void playbackDidChange();
+    void refresh();
+    void run(const KeyCommand& command);
+    void goBack();
+    void toggleFullScreen();
+    void changeVolume(double difference);
+    void endScrubbing();
+    void holdWhileOnBar();
+    void barsDidFade();
+
+    Playback& playback_;
+    WindowControls& window_;
+    FilmCommands film_;
+    std::shared_ptr<FilmView> picture_;
     std::shared_ptr<UIKit::UIView> hostView_;
-    std::shared_ptr<KivUICore::TopBar> topBar_;
-    std::shared_ptr<KivUICore::BottomBar> bottomBar_;
-    std::shared_ptr<MessageView> message_;
+    TitleControls title_;
+    TransportControls transport_;
+    AutoHidePolicy policy_;
+    std::optional<CoreGraphics::CGPoint> pointer_;
+    bool isPointerHidden_ = false;
 };
 
 } // namespace Overlay

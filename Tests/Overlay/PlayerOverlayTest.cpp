@@ -4,6 +4,7 @@
 #include "KivUICore/Bottom/BottomBar.h"
 #include "KivUICore/TopBar/TopBar.h"
 #include "Platform/UIKit/UIColor.h"
+#include "Tests/Overlay/FakePlayback.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -45,12 +46,15 @@ protected:
     void expectDocked(double width, double height) {
         EXPECT_EQ(drawnBars(host), (std::vector<CGRect>{CGRectMake(0.0, 0.0, width, 40.0),
                                                         CGRectMake(0.0, height - 40.0, width, 40.0)}));
-        EXPECT_EQ(overlay.topBar()->view()->frame(), CGRectMake(0.0, 0.0, width, 40.0));
-        EXPECT_EQ(overlay.bottomBar()->view()->frame(), CGRectMake(0.0, height - 40.0, width, 40.0));
+        EXPECT_EQ(overlay.titleControls().bar()->view()->frame(), CGRectMake(0.0, 0.0, width, 40.0));
+        EXPECT_EQ(overlay.transportControls().bar()->view()->frame(),
+                  CGRectMake(0.0, height - 40.0, width, 40.0));
     }
 
     Headless::HeadlessHost host{{640.0, 360.0}};
-    PlayerOverlay overlay{host.window()};
+    FakePlayback playback;
+    FakeWindow window;
+    PlayerOverlay overlay{host.window(), playback, window};
 };
 
 TEST_F(PlayerOverlayTest, BarsLieAlongTheEdgesInBlack) { expectDocked(640.0, 360.0); }
@@ -75,6 +79,8 @@ TEST_F(PlayerOverlayTest, BarsKeepToTheEdgesWhileTheWindowIsDragged) {
 }
 
 TEST_F(PlayerOverlayTest, NothingMovesOnceAResizeIsOver) {
+    playback.now.isPaused = true;
+    playback.tell();
     resize(800.0, 450.0);
     host.advance(1.0);
     EXPECT_EQ(host.runLoop().timeUntilNextWork(), std::nullopt);
@@ -85,38 +91,10 @@ TEST_F(PlayerOverlayTest, NothingMovesOnceAResizeIsOver) {
 TEST_F(PlayerOverlayTest, WindowLowerThanTheBarsIsSurvived) {
     resize(10.0, 30.0);
     host.advance(1.0);
-    EXPECT_EQ(overlay.bottomBar()->view()->frame(), CGRectMake(0.0, -10.0, 10.0, 40.0));
+    EXPECT_EQ(overlay.transportControls().bar()->view()->frame(), CGRectMake(0.0, -10.0, 10.0, 40.0));
     resize(640.0, 360.0);
     host.advance(1.0);
     expectDocked(640.0, 360.0);
-}
-
-std::optional<CGDrawing::DrawText> drawnText(Headless::HeadlessHost& host) {
-    host.window()->setNeedsDisplayEverywhere();
-    const std::shared_ptr<const CGDrawing> drawing = host.draw();
-    for (const CGDrawing::Operation& operation : drawing->operations()) {
-        if (const auto* text = std::get_if<CGDrawing::DrawText>(&operation)) {
-            return *text;
-        }
-    }
-    return std::nullopt;
-}
-
-TEST_F(PlayerOverlayTest, MessageIsShownAndReplaced) {
-    EXPECT_FALSE(drawnText(host).has_value());
-    overlay.showMessage("No such film.");
-    ASSERT_TRUE(drawnText(host).has_value());
-    EXPECT_EQ(drawnText(host)->text, "No such film.");
-    overlay.showMessage("It broke off.");
-    EXPECT_EQ(drawnText(host)->text, "It broke off.");
-}
-
-TEST_F(PlayerOverlayTest, MessageStaysInTheMiddleAndLetsTouchesThrough) {
-    overlay.showMessage("No such film.");
-    resize(1000.0, 600.0);
-    const auto message = overlay.hostView()->subviews().back();
-    EXPECT_EQ(message->center(), (CGPoint{500.0, 300.0}));
-    EXPECT_EQ(host.window()->hitTest({500.0, 300.0}), overlay.hostView());
 }
 
 } // namespace

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Platform/UIKit/UITouch.h"
+#include "Platform/UIKit/UIView.h"
+
+#include <functional>
+#include <optional>
+
+namespace Overlay {
+
+/// The area of the picture, which holds the bars and hears the touches beside them.
+class FilmView : public UIKit::UIView {
+public:
+    /// Called when a touch goes down, on the picture or on a bar between its controls.
+    void setTouchHandler(std::function<void()> handler) { onTouch_ = std::move(handler); }
+
+    /// Called when a second short touch is lifted from the picture soon after one at the
+    /// same place.
+    void setDoubleTapHandler(std::function<void()> handler) { onDoubleTap_ = std::move(handler); }
+
+    void touchesBegan(const UIKit::UITouch& touch) override;
+    void touchesMoved(const UIKit::UITouch& /*touch*/) override {}
+    void touchesEnded(const UIKit::UITouch& touch) override;
+    void touchesCancelled(const UIKit::UITouch& touch) override;
+
+private:
+    std::function<void()> onTouch_;
+    std::function<void()> onDoubleTap_;
+    std::optional<UIKit::UITouch> down_;
+    std::optional<UIKit::UITouch> lastTap_;
+};
+
+} // namespace Overlay

@@ -1,0 +1,24 @@
+#include "Player/Overlay/TrackSlider.h"
+
+namespace Overlay {
+
+using namespace CoreGraphics;
+
+CGPoint TrackSlider::thumbCenter(float value) const {
+    const CGRect thumb = thumbRectForBounds(bounds(), trackRectForBounds(bounds()), value);
+    return {CGRectGetMidX(thumb), CGRectGetMidY(thumb)};
+}
+
+bool TrackSlider::beginTrackingWithTouch(const UIKit::UITouch& touch) {
+    if (UISlider::beginTrackingWithTouch(touch)) {
+        return true;
+    }
+    const std::optional<float> touched = valueAt(touch.locationInView(*this).x);
+    if (!touched) {
+        return false;
+    }
+    setValue(*touched);
+    return UISlider::beginTrackingWithTouch(touch);
+}
+
+} // namespace Overlay

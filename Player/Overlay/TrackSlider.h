@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Platform/UIKit/UISlider.h"
+
+#include <optional>
+
+namespace Overlay {
+
+/// A slider whose whole track can be touched: the thumb jumps under the finger and is held from there.
+class TrackSlider : public UIKit::UISlider {
+public:
+    /// The value that the track shows at `x`, in the slider's coordinates; that of the nearer end beyond it.
+    /// Nothing in a track too short for a thumb to move.
+    std::optional<float> valueAt(CoreGraphics::CGFloat x) const { return valueForThumbCenter(x); }
+
+    /// The middle of the thumb, in the slider's coordinates.
+    CoreGraphics::CGPoint thumbCenter(float value) const;
+
+    bool beginTrackingWithTouch(const UIKit::UITouch& touch) override;
+};
+
+} // namespace Overlay

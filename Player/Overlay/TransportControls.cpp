@@ -1,0 +1,160 @@
+#include "Player/Overlay/TransportControls.h"
+
+#include "KivCore/KivPlayer.h"
+#include "KivUICore/UIComponent/Button.h"
+#include "KivUICore/UIComponent/Label.h"
+#include "KivUICore/UIComponent/SeekBar.h"
+#include "Platform/UIKit/UIButton.h"
+#include "Platform/UIKit/UIWindow.h"
+#include "Player/Overlay/Icons.h"
+#include "Player/Overlay/PlaybackState.h"
+#include "Player/Overlay/ScrubObserver.h"
+#include "Player/Overlay/TimeLabel.h"
+#include "Player/Overlay/TrackSlider.h"
+
+#include <cmath>
+
+namespace Overlay {
+
+using namespace CoreGraphics;
+using Foundation::make;
+using KivUICore::BottomBar;
+using UIKit::UIControlStateNormal;
+
+namespace {
+
+constexpr double hour = 3600.0;
+
+std::shared_ptr<KivUICore::Button> makeButton(const std::function<void()>& action) {
+    return make<KivUICore::Button>(make<UIKit::UIButton>(CGRect()), action);
+}
+
+} // namespace
+
+TransportControls::TransportControls(const std::shared_ptr<UIKit::UIView>& host, const Actions& actions)
+    : slider_(make<TrackSlider>(CGRect())), play_(makeButton(actions.togglePlay)),
+      mute_(makeButton(actions.toggleMute)), fullScreen_(makeButton(actions.toggleFullScreen)),
+      bar_(make<RowBar<BottomBar>>(host)) {
+    const ScrubObserver::Handlers handlers{actions.beganScrubbing, actions.scrubbed, actions.endedScrubbing};
+    seekBar_ = make<KivUICore::SeekBar>(slider_, make<ScrubObserver>(handlers), make<KivCore::KivPlayer>());
+    seekBar_->disable();
+    length_.view()->setPressHandler([this] {
+        lengthShown_ = lengthShown_ == LengthShown::Duration ? LengthShown::Remaining : LengthShown::Duration;
+        showTimes(position_);
+    });
+    bar_->addElementToView(play_, 1);
+    bar_->addElementToView(elapsed_.component(), 1);
+    bar_->addElementToView(seekBar_, 7);
+    bar_->addElementToView(length_.component(), 1);
+    bar_->addElementToView(mute_, 1);
+    bar_->addElementToView(fullScreen_, 1);
+    layOutRow();
+}
+
+TransportControls::~TransportControls() {
+    bar_->setFadeHandler(nullptr);
+    bar_->clean();
+}
+
+void TransportControls::layOutRow() {
+    constexpr CGFloat button = 44.0;
+    constexpr CGFloat shortestTrack = 104.0;
+    constexpr CGFloat minutes = 48.0;
+    constexpr CGFloat hours = 66.0;
+    const CGFloat time = duration_.value_or(0.0) >= hour ? hours : minutes;
+    constexpr auto fixed = RowItem::Width::Fixed;
+    bar_->setRow({{button, fixed, 0},
+                  {time, fixed, 4},
+                  {shortestTrack, RowItem::Width::Flexible, 0},
+                  {time, fixed, 3},
+                  {button, fixed, 1},
+                  {button, fixed, 2}});
+}
+
+void TransportControls::show(const PlaybackState& state, double position, bool isFullScreen) {
+    showButtons(state, isFullScreen);
+    if (state.duration != duration_) {
+        duration_ = state.duration;
+        layOutRow();
+        seekBar_->setMaximumValue(static_cast<float>(duration_.value_or(1.0)));
+        if (duration_) {
+            seekBar_->enable();
+        } else {
+            seekBar_->disable();
+        }
+    }
+    position_ = isScrubbing() ? scrubTime() : position;
+    moveHandle(position_);
+    showTimes(position_);
+}
+
+void TransportControls::showButtons(const PlaybackState& state, bool isFullScreen) {
+    const PlayIcon playIcon = state.hasEnded   ? PlayIcon::Replay
+                              : state.isPaused ? PlayIcon::Play
+                                               : PlayIcon::Pause;
+    if (playIcon != shownPlayIcon_) {
+        shownPlayIcon_ = playIcon;
+        play_->setImage(playIcon == PlayIcon::Replay ? replayIcon()
+                        : playIcon == PlayIcon::Play ? Overlay::playIcon()
+                                                     : pauseIcon(),
+                        UIControlStateNormal);
+    }
+    if (state.isMuted != showsMuted_) {
+        showsMuted_ = state.isMuted;
+        mute_->setImage(state.isMuted ? mutedIcon() : soundIcon(), UIControlStateNormal);
+    }
+    if (isFullScreen != showsFullScreen_) {
+        showsFullScreen_ = isFullScreen;
+        fullScreen_->setImage(isFullScreen ? exitFullScreenIcon() : enterFullScreenIcon(),
+                              UIControlStateNormal);
+    }
+}
+
+void TransportControls::showTimes(double position) {
+    const std::int64_t passed = wholeSeconds(position);
+    elapsed_.show(passed);
+    if (!duration_) {
+        length_.show(std::nullopt);
+    } else if (lengthShown_ == LengthShown::Duration) {
+        length_.show(wholeSeconds(*duration_));
+    } else {
+        // Of whole seconds, so that both times together are the length.
+        length_.show(std::max<std::int64_t>(0, wholeSeconds(*duration_) - passed), TimeDisplay::Sign::Minus);
+    }
+}
+
+// A film at play moves the handle by far less than a pixel a frame: it waits until there is something to see.
+void TransportControls::moveHandle(double position) {
+    constexpr CGFloat leastMove = 0.25;
+    if (isScrubbing() || !duration_) {
+        return;
+    }
+    const auto value = static_cast<float>(position);
+    const std::shared_ptr<UIKit::UIWindow> window = slider_->window();
+    const CGFloat scale = window ? window->contentScale() : 1.0;
+    const CGFloat way = slider_->thumbCenter(value).x - slider_->thumbCenter(slider_->value()).x;
+    if (std::abs(way) * scale >= leastMove) {
+        seekBar_->sync(value);
+    }
+}
+
+double TransportControls::scrubTime() const { return seekBar_->currentValue(); }
+
+bool TransportControls::isScrubbing() const { return slider_->isTracking(); }
+
+const UIKit::UIView& TransportControls::host() const { return *bar_->superview(); }
+
+std::optional<double> TransportControls::timeAt(const CGPoint& point) const {
+    const CGPoint local = host().convertPointToView(point, *slider_);
+    if (!duration_ || !CGRectContainsPoint(slider_->bounds(), local)) {
+        return std::nullopt;
+    }
+    return slider_->valueAt(local.x);
+}
+
+CGPoint TransportControls::pointOver(double time) const {
+    const CGPoint thumb = slider_->thumbCenter(static_cast<float>(time));
+    return {slider_->convertPointToView(thumb, host()).x, CGRectGetMinY(bar_->view()->frame())};
+}
+
+} // namespace Overlay

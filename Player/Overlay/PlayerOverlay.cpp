@@ -65,22 +65,29 @@ TransportControls::Actions PlayerOverlay::transportActions() {
     return {.togglePlay = active(&FilmCommands::togglePlay),
             .toggleMute = active(&FilmCommands::toggleMute),
             .toggleFullScreen = [this] { toggleFullScreen(); },
-            .beganScrubbing =
-                [this] {
-                    policy_.setHold(Hold::Dragging, true);
-                    film_.seek(transport_.scrubTime(), SeekPrecision::KeyFrame);
-                    refresh();
-                },
-            .scrubbed =
-                [this] {
-                    film_.seek(transport_.scrubTime(), SeekPrecision::KeyFrame);
-                    refresh();
-                },
+            .beganScrubbing = [this] { beginScrubbing(); },
+            .scrubbed = [this] { scrub(); },
             .endedScrubbing = [this] { endScrubbing(); }};
 }
 
+void PlayerOverlay::beginScrubbing() {
+    hasScrubbed_ = false;
+    policy_.setHold(Hold::Dragging, true);
+    if (transport_.scrubBeganWithJump()) {
+        scrub();
+    }
+}
+
+void PlayerOverlay::scrub() {
+    hasScrubbed_ = true;
+    film_.seek(transport_.scrubTime(), SeekPrecision::KeyFrame);
+    refresh();
+}
+
 void PlayerOverlay::endScrubbing() {
-    film_.seek(transport_.scrubTime(), SeekPrecision::Exact);
+    if (hasScrubbed_) {
+        film_.seek(transport_.scrubTime(), SeekPrecision::Exact);
+    }
     policy_.setHold(Hold::Dragging, false);
     refresh();
 }

@@ -67,6 +67,8 @@ private:
     void goBack();
     void toggleFullScreen();
     void changeVolume(double difference);
+    void beginScrubbing();
+    void scrub();
     void endScrubbing();
     void holdWhileOnBar();
     void barsDidFade();
@@ -81,6 +83,9 @@ private:
     AutoHidePolicy policy_;
     std::optional<CoreGraphics::CGPoint> pointer_;
     bool isPointerHidden_ = false;
+
+    // Whether the handle was moved since it was taken hold of: a mere press leaves the film where it is.
+    bool hasScrubbed_ = false;
 };
 
 } // namespace Overlay

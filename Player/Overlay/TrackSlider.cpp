@@ -10,7 +10,8 @@ CGPoint TrackSlider::thumbCenter(float value) const {
 }
 
 bool TrackSlider::beginTrackingWithTouch(const UIKit::UITouch& touch) {
-    if (UISlider::beginTrackingWithTouch(touch)) {
+    jumpedToTouch_ = !UISlider::beginTrackingWithTouch(touch);
+    if (!jumpedToTouch_) {
         return true;
     }
     const std::optional<float> touched = valueAt(touch.locationInView(*this).x);

@@ -16,7 +16,13 @@ public:
     /// The middle of the thumb, in the slider's coordinates.
     CoreGraphics::CGPoint thumbCenter(float value) const;
 
+    /// Whether the last touch that took hold of the thumb moved it by doing so.
+    bool jumpedToTouch() const { return jumpedToTouch_; }
+
     bool beginTrackingWithTouch(const UIKit::UITouch& touch) override;
+
+private:
+    bool jumpedToTouch_ = false;
 };
 
 } // namespace Overlay

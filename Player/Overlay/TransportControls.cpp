@@ -142,6 +142,8 @@ double TransportControls::scrubTime() const { return seekBar_->currentValue(); }
 
 bool TransportControls::isScrubbing() const { return slider_->isTracking(); }
 
+bool TransportControls::scrubBeganWithJump() const { return slider_->jumpedToTouch(); }
+
 const UIKit::UIView& TransportControls::host() const { return *bar_->superview(); }
 
 std::optional<double> TransportControls::timeAt(const CGPoint& point) const {

@@ -47,6 +47,9 @@ public:
     double scrubTime() const;
     bool isScrubbing() const;
 
+    /// Whether the touch that took hold of the handle went down beside it, and brought it there.
+    bool scrubBeganWithJump() const;
+
     /// The time under a point of the host view; nothing beside the track, or while the length is unknown.
     std::optional<double> timeAt(const CoreGraphics::CGPoint& point) const;
 

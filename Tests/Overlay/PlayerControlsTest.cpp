@@ -1,0 +1,433 @@
+#include "Hosts/Headless/HeadlessHost.h"
+#include "Platform/UIKit/UIKey.h"
+#include "Player/Overlay/PlayerOverlay.h"
+#include "Tests/Overlay/FakePlayback.h"
+
+#include <gtest/gtest.h>
+#include <variant>
+
+namespace Overlay {
+
+namespace {
+
+using namespace CoreGraphics;
+using UIKit::UIKey;
+using UIKit::UIKeyboardHIDUsage;
+using Story = std::vector<std::string>;
+
+// In a window of 640 by 360 points.
+constexpr CGPoint picture{320.0, 180.0};
+constexpr CGPoint backButton{24.0, 20.0};
+constexpr CGPoint playButton{26.0, 340.0};
+constexpr CGPoint trackStart{104.0, 340.0};
+constexpr CGPoint trackMiddle{298.0, 340.0};
+constexpr CGPoint trackEnd{492.0, 340.0};
+constexpr CGPoint lengthLabel{524.0, 340.0};
+constexpr CGPoint muteButton{570.0, 340.0};
+constexpr CGPoint fullScreenButton{614.0, 340.0};
+
+class PlayerControlsTest : public testing::Test {
+protected:
+    PlayerControlsTest() {
+        playback.now.title = "A film";
+        playback.now.duration = 100.0;
+        playback.tell();
+    }
+
+    Story tap(const CGPoint& point) {
+        host.tap(point);
+        return playback.takeStory();
+    }
+
+    Story press(const UIKey& key) {
+        EXPECT_TRUE(overlay.handleKey(key));
+        return playback.takeStory();
+    }
+    Story press(const char* character) { return press(UIKey{UIKeyboardHIDUsage::None, character}); }
+
+    bool isVisible() const { return overlay.autoHidePolicy().areBarsVisible(); }
+    std::string reason() const { return overlay.autoHidePolicy().reason(); }
+
+    /// All texts that are drawn, from back to front.
+    Story texts() {
+        host.window()->setNeedsDisplayEverywhere();
+        Story texts;
+        const std::shared_ptr<const CGDrawing> drawing = host.draw();
+        for (const CGDrawing::Operation& operation : drawing->operations()) {
+            if (const auto* text = std::get_if<CGDrawing::DrawText>(&operation)) {
+                texts.emplace_back(text->text);
+            }
+        }
+        return texts;
+    }
+
+    void play(double seconds) {
+        constexpr int framesPerSecond = 25;
+        for (int frame = 0; frame < seconds * framesPerSecond; ++frame) {
+            host.advance(1.0 / framesPerSecond);
+            playback.now.position += 1.0 / framesPerSecond;
+            playback.tell();
+        }
+    }
+
+    Headless::HeadlessHost host{{640.0, 360.0}};
+    FakePlayback playback;
+    FakeWindow window;
+    PlayerOverlay overlay{host.window(), playback, window};
+};
+
+TEST_F(PlayerControlsTest, PlayButtonPausesAndGoesOn) {
+    EXPECT_EQ(tap(playButton), Story{"pause"});
+    EXPECT_EQ(tap(playButton), Story{"play"});
+}
+
+TEST_F(PlayerControlsTest, PlayButtonPlaysAnEndedFilmAgain) {
+    playback.now.hasEnded = true;
+    playback.tell();
+    EXPECT_EQ(tap(playButton), Story{"play"});
+}
+
+TEST_F(PlayerControlsTest, MuteButtonSwitchesTheSoundOffAndOn) {
+    EXPECT_EQ(tap(muteButton), Story{"mute"});
+    EXPECT_EQ(tap(muteButton), Story{"unmute"});
+}
+
+TEST_F(PlayerControlsTest, BarsShowTitleAndTimes) {
+    playback.now.position = 61.9;
+    playback.tell();
+    EXPECT_EQ(texts(), (Story{"A film", "01:01", "01:40"}));
+}
+
+TEST_F(PlayerControlsTest, LengthShowsWhatRemainsAfterAPressAndBack) {
+    playback.now.position = 61.9;
+    playback.tell();
+    EXPECT_EQ(tap(lengthLabel), Story());
+    EXPECT_EQ(texts(), (Story{"A film", "01:01", "-00:39"}));
+    tap(lengthLabel);
+    EXPECT_EQ(texts(), (Story{"A film", "01:01", "01:40"}));
+}
+
+TEST_F(PlayerControlsTest, TimesOfALongFilmHaveHours) {
+    playback.now.duration = 7322.0;
+    playback.now.position = 3661.0;
+    playback.tell();
+    EXPECT_EQ(texts(), (Story{"A film", "01:01:01", "02:02:02"}));
+}
+
+TEST_F(PlayerControlsTest, UnknownLengthShowsNoneAndTakesNoSeeks) {
+    playback.now.duration.reset();
+    playback.now.position = 5.0;
+    playback.tell();
+    EXPECT_EQ(texts(), (Story{"A film", "00:05"}));
+    EXPECT_EQ(tap(trackMiddle), Story());
+}
+
+TEST_F(PlayerControlsTest, TapOnTheTrackSeeksThere) {
+    EXPECT_EQ(tap(trackMiddle), (Story{"key frame 50"}));
+    playback.arrive();
+    EXPECT_EQ(playback.takeStory(), (Story{"exact 50"}));
+}
+
+TEST_F(PlayerControlsTest, TapAtAnEndOfTheTrackSeeksToThatEnd) {
+    EXPECT_EQ(tap({trackEnd.x + 5.0, trackEnd.y}), (Story{"key frame 100"}));
+    playback.arrive();
+    playback.arrive();
+    playback.takeStory();
+    EXPECT_EQ(tap({trackStart.x - 5.0, trackStart.y}), (Story{"key frame 0"}));
+}
+
+TEST_F(PlayerControlsTest, DragSeeksByKeyFramesOneAtATimeAndExactlyOnRelease) {
+    host.touchDown(trackStart);
+    EXPECT_EQ(playback.takeStory(), Story());
+    host.touchMove({trackStart.x + 10.0, 340.0});
+    host.touchMove({trackStart.x + 20.0, 340.0});
+    host.touchMove(trackMiddle);
+    EXPECT_EQ(playback.takeStory().size(), 1U);
+    playback.arrive();
+    EXPECT_EQ(playback.takeStory().back().substr(0, 9), "key frame");
+    host.touchUp(trackMiddle);
+    EXPECT_EQ(playback.takeStory(), Story());
+    playback.arrive();
+    const Story story = playback.takeStory();
+    ASSERT_EQ(story.size(), 1U);
+    EXPECT_EQ(story.back().substr(0, 6), "exact ");
+}
+
+TEST_F(PlayerControlsTest, PressOnTheHandleAloneLeavesTheFilmWhereItIs) {
+    EXPECT_EQ(tap(trackStart), Story());
+}
+
+TEST_F(PlayerControlsTest, HandleAndTimeFollowThePointerAndNotTheFilm) {
+    host.touchDown(trackMiddle);
+    playback.now.position = 3.0;
+    playback.tell();
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 50.0);
+    EXPECT_EQ(texts()[1], "00:50");
+    host.touchUp(trackMiddle);
+    // The film is still on its way.
+    playback.now.position = 4.0;
+    playback.tell();
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 50.0);
+    EXPECT_EQ(texts()[1], "00:50");
+}
+
+TEST_F(PlayerControlsTest, HandleFollowsTheFilmAgainOnceItArrived) {
+    tap(trackMiddle);
+    playback.arrive();
+    playback.arrive();
+    playback.now.position = 60.0;
+    playback.tell();
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 60.0);
+}
+
+TEST_F(PlayerControlsTest, CancelledDragEndsWhereTheHandleIs) {
+    host.touchDown(trackMiddle);
+    playback.arrive();
+    playback.takeStory();
+    host.touchCancel();
+    EXPECT_EQ(playback.takeStory(), (Story{"exact 50"}));
+    EXPECT_EQ(reason(), "recent activity");
+}
+
+TEST_F(PlayerControlsTest, FullScreenButtonAndKeyAndDoubleTapToggle) {
+    tap(fullScreenButton);
+    EXPECT_TRUE(window.fullScreen);
+    overlay.windowDidChange();
+    press("f");
+    EXPECT_FALSE(window.fullScreen);
+    host.tap(picture);
+    host.advance(0.2);
+    host.tap(picture);
+    EXPECT_TRUE(window.fullScreen);
+}
+
+TEST_F(PlayerControlsTest, SlowOrDistantTapsAreNoDoubleTap) {
+    host.tap(picture);
+    host.advance(0.6);
+    host.tap(picture);
+    EXPECT_FALSE(window.fullScreen);
+    host.advance(0.6);
+    host.tap(picture);
+    host.tap({picture.x + 100.0, picture.y});
+    EXPECT_FALSE(window.fullScreen);
+}
+
+TEST_F(PlayerControlsTest, ThirdTapOfThreeDoesNotToggleBack) {
+    host.tap(picture);
+    host.tap(picture);
+    host.tap(picture);
+    EXPECT_TRUE(window.fullScreen);
+}
+
+TEST_F(PlayerControlsTest, TapsOnABarBetweenItsControlsAreNoDoubleTap) {
+    host.tap({2.0, 340.0});
+    host.tap({2.0, 340.0});
+    EXPECT_FALSE(window.fullScreen);
+}
+
+TEST_F(PlayerControlsTest, BackLeavesFullScreenFirstAndThenThePlayer) {
+    window.fullScreen = true;
+    overlay.windowDidChange();
+    tap(backButton);
+    EXPECT_FALSE(window.fullScreen);
+    EXPECT_EQ(window.closed, 0);
+    tap(backButton);
+    EXPECT_EQ(window.closed, 1);
+}
+
+TEST_F(PlayerControlsTest, EscapeGoesBackToo) {
+    window.fullScreen = true;
+    press(UIKey{UIKeyboardHIDUsage::Escape, ""});
+    EXPECT_FALSE(window.fullScreen);
+    EXPECT_EQ(window.closed, 0);
+    press(UIKey{UIKeyboardHIDUsage::Escape, ""});
+    EXPECT_EQ(window.closed, 1);
+}
+
+TEST_F(PlayerControlsTest, KeysControlTheFilm) {
+    playback.now.position = 40.0;
+    EXPECT_EQ(press(" "), Story{"pause"});
+    EXPECT_EQ(press("m"), Story{"mute"});
+    EXPECT_EQ(press(","), Story{"step back"});
+    EXPECT_EQ(press("."), Story{"step"});
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::RightArrow, ""}), Story{"exact 45"});
+    press("q");
+    EXPECT_EQ(window.closed, 1);
+    EXPECT_FALSE(overlay.handleKey({UIKeyboardHIDUsage::None, "x"}));
+}
+
+TEST_F(PlayerControlsTest, RepeatedSeekKeysAddUpWhileTheFilmIsOnItsWay) {
+    playback.now.position = 40.0;
+    const UIKey left{UIKeyboardHIDUsage::LeftArrow, ""};
+    EXPECT_EQ(press(left), Story{"exact 35"});
+    press(left);
+    press(left);
+    EXPECT_EQ(texts()[1], "00:25");
+    playback.arrive();
+    EXPECT_EQ(playback.takeStory(), Story{"exact 25"});
+}
+
+TEST_F(PlayerControlsTest, SeekKeysStayWithinTheFilm) {
+    playback.now.position = 2.0;
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::LeftArrow, ""}), Story{"exact 0"});
+    playback.arrive();
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::End, ""}), Story{"exact 100"});
+    playback.arrive();
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::RightArrow, ""}), Story{"exact 100"});
+    playback.arrive();
+    EXPECT_EQ(press("7"), Story{"exact 70"});
+    playback.arrive();
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::Home, ""}), Story{"exact 0"});
+}
+
+TEST_F(PlayerControlsTest, VolumeKeysAndWheelStayWithinTheRange) {
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::DownArrow, ""}), Story{"volume 0.95"});
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::UpArrow, ""}), Story{"volume 1"});
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::UpArrow, ""}), Story{"volume 1"});
+    overlay.scrolled(-2.0);
+    EXPECT_EQ(playback.takeStory(), Story{"volume 0.9"});
+    overlay.scrolled(-100.0);
+    EXPECT_EQ(playback.takeStory(), Story{"volume 0"});
+}
+
+TEST_F(PlayerControlsTest, LouderEndsMuting) {
+    playback.now.isMuted = true;
+    playback.now.volume = 0.5;
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::DownArrow, ""}), Story{"volume 0.45"});
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::UpArrow, ""}), (Story{"volume 0.5", "unmute"}));
+}
+
+// Auto-hide
+
+TEST_F(PlayerControlsTest, BarsAndPointerDisappearTogetherWithoutActivity) {
+    overlay.pointerMoved(picture);
+    play(3.2);
+    EXPECT_FALSE(isVisible());
+    EXPECT_TRUE(window.pointerHidden);
+    overlay.pointerMoved({picture.x + 1.0, picture.y});
+    EXPECT_TRUE(isVisible());
+    EXPECT_FALSE(window.pointerHidden);
+}
+
+TEST_F(PlayerControlsTest, PointerThatRestsIsNoActivity) {
+    overlay.pointerMoved(picture);
+    play(3.2);
+    overlay.pointerMoved(picture);
+    EXPECT_FALSE(isVisible());
+}
+
+TEST_F(PlayerControlsTest, PausedFilmHoldsTheBars) {
+    press(" ");
+    playback.tell();
+    host.advance(10.0);
+    EXPECT_EQ(reason(), "paused");
+    press(" ");
+    playback.tell();
+    host.advance(3.1);
+    EXPECT_FALSE(isVisible());
+}
+
+TEST_F(PlayerControlsTest, PointerOnABarHoldsTheBarsUntilItLeaves) {
+    overlay.pointerMoved({320.0, 350.0});
+    host.advance(10.0);
+    EXPECT_EQ(reason(), "pointer on a bar");
+    overlay.pointerMoved({320.0, 10.0});
+    EXPECT_EQ(reason(), "pointer on a bar");
+    overlay.pointerLeft();
+    host.advance(3.1);
+    EXPECT_FALSE(isVisible());
+}
+
+TEST_F(PlayerControlsTest, BarThatMovesAwayFromThePointerLetsGo) {
+    overlay.pointerMoved({320.0, 350.0});
+    host.window()->setFrame(CGRectMake(0.0, 0.0, 640.0, 480.0));
+    overlay.hostViewWasResized();
+    EXPECT_EQ(reason(), "recent activity");
+}
+
+TEST_F(PlayerControlsTest, DraggingHoldsTheBars) {
+    host.touchDown(trackMiddle);
+    host.advance(10.0);
+    EXPECT_EQ(reason(), "dragging");
+    host.touchUp(trackMiddle);
+    host.advance(3.1);
+    EXPECT_FALSE(isVisible());
+}
+
+TEST_F(PlayerControlsTest, ErrorAndEndHoldTheBars) {
+    playback.now.error = "it broke";
+    playback.tell();
+    EXPECT_EQ(reason(), "error");
+    playback.now.error.reset();
+    playback.now.hasEnded = true;
+    playback.tell();
+    EXPECT_EQ(reason(), "ended");
+}
+
+TEST_F(PlayerControlsTest, FirstTouchOnHiddenBarsOnlyRevealsThem) {
+    for (const CGPoint& point : {playButton, trackMiddle, muteButton, backButton, lengthLabel, picture}) {
+        host.advance(10.0);
+        ASSERT_FALSE(isVisible());
+        EXPECT_EQ(tap(point), Story());
+        EXPECT_TRUE(isVisible());
+    }
+    EXPECT_EQ(window.closed, 0);
+    EXPECT_EQ(tap(playButton), Story{"pause"});
+}
+
+TEST_F(PlayerControlsTest, TouchesOnControlsPutTheHidingOff) {
+    for (int time = 0; time < 4; ++time) {
+        host.advance(2.0);
+        tap(muteButton);
+    }
+    EXPECT_TRUE(isVisible());
+}
+
+// Work
+
+TEST_F(PlayerControlsTest, FilmAtPlayDrawsNothingUntilThereIsSomethingToSee) {
+    playback.now.duration = 10000.0;
+    playback.tell();
+    host.draw();
+    int drawn = 0;
+    for (int frame = 0; frame < 50; ++frame) {
+        playback.now.position += 0.04;
+        playback.tell();
+        drawn += host.window()->needsDisplay() ? 1 : 0;
+        host.draw();
+    }
+    // Two seconds, two times to write.
+    EXPECT_EQ(drawn, 2);
+}
+
+TEST_F(PlayerControlsTest, OverlayGoesAwayInTheMiddleOfEverything) {
+    auto second = std::make_unique<PlayerOverlay>(host.window(), playback, window);
+    host.touchDown(trackMiddle);
+    host.advance(0.1);
+    second.reset();
+    EXPECT_EQ(playback.onChange, nullptr);
+    host.touchMove(trackStart);
+    host.touchUp(trackStart);
+    host.advance(10.0);
+    SUCCEED();
+}
+
+TEST_F(PlayerControlsTest, ControlsKeepTheirTargetsAtEverySize) {
+    for (const CGSize size : {CGSize{320.0, 180.0}, CGSize{640.0, 360.0}, CGSize{3840.0, 2160.0}}) {
+        for (const double duration : {100.0, 100000.0}) {
+            playback.now.duration = duration;
+            playback.tell();
+            host.window()->setFrame(CGRect{{}, size});
+            overlay.hostViewWasResized();
+            for (const auto& slot : overlay.transportControls().bar()->view()->subviews()) {
+                const CGRect frame = slot->frame();
+                EXPECT_TRUE(slot->isHidden() || (frame.size.width >= 40.0 && frame.size.height >= 40.0));
+                EXPECT_LE(CGRectGetMaxX(frame), size.width);
+            }
+        }
+    }
+}
+
+} // namespace
+
+} // namespace Overlay

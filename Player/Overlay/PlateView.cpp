@@ -1,0 +1,65 @@
+#include "Player/Overlay/PlateView.h"
+
+#include "Platform/UIKit/UIFont.h"
+#include "Platform/UIKit/UILabel.h"
+
+#include <algorithm>
+
+namespace Overlay {
+
+using namespace CoreGraphics;
+
+namespace {
+
+constexpr CGFloat radius = 10.0;
+constexpr CGFloat sidePadding = 14.0;
+constexpr CGFloat padding = 9.0;
+
+} // namespace
+
+bool PlateView::init(const CGRect& frame) {
+    label_ = Foundation::make<UIKit::UILabel>();
+    label_->setFont(UIKit::UIFont::systemFontOfSize(15.0, UIKit::UIFontWeightMedium));
+    label_->setTextAlignment(CGTextAlignment::Center);
+    label_->setNumberOfLines(0);
+    if (!UIView::init(frame)) {
+        return false;
+    }
+    addSubview(label_);
+    layOutText();
+    return true;
+}
+
+void PlateView::setFootHeight(CGFloat height) {
+    footHeight_ = height;
+    layOutText();
+}
+
+void PlateView::setFrame(const CGRect& frame) {
+    UIView::setFrame(frame);
+    layOutText();
+}
+
+CGFloat PlateView::bottomPadding() const { return std::max(padding, footHeight_); }
+
+CGRect PlateView::textArea(const CGSize& size) const {
+    return {{sidePadding, padding},
+            {std::max(0.0, size.width - 2.0 * sidePadding),
+             std::max(0.0, size.height - padding - bottomPadding())}};
+}
+
+void PlateView::layOutText() { label_->setFrame(textArea(bounds().size)); }
+
+CGSize PlateView::sizeThatFits(const CGSize& size) const {
+    // A room of no points would stand for one without limits.
+    const CGSize room = textArea(size).size;
+    const CGSize text = label_->sizeThatFits({std::max(1.0, room.width), std::max(1.0, room.height)});
+    return {std::min(size.width, text.width + 2.0 * sidePadding),
+            std::min(size.height, text.height + padding + bottomPadding())};
+}
+
+void PlateView::drawRect(CGContext& context, const CGRect& /*rect*/) {
+    context.fillRoundedRect(alignedToPixels(presentedBounds()), radius, plateColor);
+}
+
+} // namespace Overlay

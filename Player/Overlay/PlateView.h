@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Platform/UIKit/UIView.h"
+
+#include <memory>
+
+namespace UIKit {
+class UILabel;
+} // namespace UIKit
+
+namespace Overlay {
+
+/// What texts over the picture stand on. Lighter than black, for there may be no picture under it.
+inline constexpr CoreGraphics::CGColor plateColor{0.15, 0.15, 0.17, 0.9};
+
+/// A dark plate with round corners and a text in its middle, which is broken into lines where it is too long.
+class PlateView : public UIKit::UIView {
+public:
+    using UIKit::UIView::init;
+    bool init(const CoreGraphics::CGRect& frame) override;
+
+    const std::shared_ptr<UIKit::UILabel>& label() const { return label_; }
+
+    /// Points below the text that are kept free for something else, the plate's edge included.
+    CoreGraphics::CGFloat footHeight() const { return footHeight_; }
+    void setFootHeight(CoreGraphics::CGFloat height);
+
+    /// What the text and the foot need in at most `size`, both sides of which are above zero. An estimate.
+    CoreGraphics::CGSize sizeThatFits(const CoreGraphics::CGSize& size) const override;
+
+    void setFrame(const CoreGraphics::CGRect& frame) override;
+
+    void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
+
+private:
+    CoreGraphics::CGFloat bottomPadding() const;
+    CoreGraphics::CGRect textArea(const CoreGraphics::CGSize& size) const;
+    void layOutText();
+
+    std::shared_ptr<UIKit::UILabel> label_;
+    CoreGraphics::CGFloat footHeight_ = 0.0;
+};
+
+} // namespace Overlay

@@ -2,20 +2,51 @@
 
 #include "Platform/UIKit/UIView.h"
 
+#include <functional>
+#include <memory>
 #include <string>
+
+namespace KivUICore {
+class Button;
+} // namespace KivUICore
+
+namespace UIKit {
+class UIButton;
+} // namespace UIKit
 
 namespace Overlay {
 
-/// A line or two for the viewer in the middle of the picture, on a dark plate.
+class PlateView;
+
+/// Some lines for the viewer, in the middle of the area that the view is given as its frame, and at will a
+/// button that does something about it. The view itself is transparent, and only the button takes touches.
 class MessageView : public UIKit::UIView {
 public:
+    using UIKit::UIView::init;
+    bool init(const CoreGraphics::CGRect& frame) override;
+
     const std::string& text() const { return text_; }
     void setText(std::string text);
 
-    void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
+    /// Shows a button below the text. A press runs `action`, which may tear down anything.
+    void setAction(const std::string& title, std::function<void()> action);
+    void clearAction();
+
+    void setFrame(const CoreGraphics::CGRect& frame) override;
+    bool pointInside(const CoreGraphics::CGPoint& point) const override;
+
+    /// What is shown, for those who want to know where it is. The button is hidden while there is no action.
+    const std::shared_ptr<PlateView>& plate() const { return plate_; }
+    const std::shared_ptr<UIKit::UIButton>& button() const { return button_; }
 
 private:
+    CoreGraphics::CGFloat footHeight(CoreGraphics::CGFloat height) const;
+    void layOutPlate();
+
     std::string text_;
+    std::shared_ptr<PlateView> plate_;
+    std::shared_ptr<UIKit::UIButton> button_;
+    std::shared_ptr<KivUICore::Button> action_;
 };
 
 } // namespace Overlay

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Platform/UIKit/UIButton.h"
+
+namespace Overlay {
+
+/// A button that can be told as one without being touched: it stands out from what is under it.
+class PushButton : public UIKit::UIButton {
+public:
+    void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
+};
+
+} // namespace Overlay

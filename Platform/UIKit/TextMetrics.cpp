@@ -74,9 +74,10 @@ constexpr std::array<CGFloat, 128> asciiWidths = [] {
     return widths;
 }();
 
-CGFloat widthOf(std::uint32_t character) {
+CGFloat widthOf(std::uint32_t character, CGFigures figures) {
     if (character < asciiWidths.size()) {
-        return asciiWidths[character];
+        const bool isTabular = figures == CGFigures::Monospaced && character >= '0' && character <= '9';
+        return asciiWidths[isTabular ? '0' : character];
     }
     for (const Script& script : scripts) {
         if (script.first <= character && character <= script.last) {
@@ -91,7 +92,7 @@ CGFloat widthOf(std::uint32_t character) {
 CGFloat estimatedTextWidth(std::string_view text, const CGFont& font) {
     CGFloat width = 0.0;
     for (CharacterReader reader(text); !reader.isAtEnd();) {
-        width += widthOf(reader.next());
+        width += widthOf(reader.next(), font.figures);
     }
     return width * font.size;
 }

@@ -21,6 +21,13 @@ TEST(TextMetricsTest, WideLettersNeedMoreThanNarrowOnes) {
     EXPECT_GT(estimatedTextWidth("MWM", font), 2.0 * estimatedTextWidth("ill", font));
 }
 
+TEST(TextMetricsTest, FiguresOfEqualWidthNeedEqualRoom) {
+    const CGFont monospaced{10.0, CGFontWeight::Regular, CGFigures::Monospaced};
+    EXPECT_EQ(estimatedTextWidth("11:11", monospaced), estimatedTextWidth("08:53", monospaced));
+    EXPECT_EQ(estimatedTextWidth("11:11", monospaced), estimatedTextWidth("00:00", font));
+    EXPECT_LT(estimatedTextWidth("11:11", font), estimatedTextWidth("00:00", font));
+}
+
 TEST(TextMetricsTest, CountsCharactersAndNotBytes) {
     EXPECT_NEAR(estimatedTextWidth("播放", font), 20.0, 1e-9);
     EXPECT_LT(estimatedTextWidth("é", font), 10.0);

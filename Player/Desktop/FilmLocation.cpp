@@ -13,6 +13,10 @@ bool isUrl(const std::string& location) {
     return end != std::string::npos && end > 0 && location.find('/') > end;
 }
 
+std::string nameOf(const std::string& location) {
+    return isUrl(location) ? location : std::filesystem::path(location).filename().string();
+}
+
 std::optional<std::string> whyUnreadable(const std::string& path) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);

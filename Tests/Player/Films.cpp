@@ -65,6 +65,71 @@ fs::path Films::subtitled() {
     });
 }
 
+fs::path Films::sparse() {
+    return film("sparse.mkv", [](const std::string& path) {
+        run(ffmpeg({"-f", "lavfi", "-i", "testsrc2=size=320x180:rate=30:duration=6", "-c:v", "libx264",
+                    "-preset", "ultrafast", "-g", "60", "-keyint_min", "60", "-sc_threshold", "0", path}));
+    });
+}
+
+fs::path Films::manyTracks() {
+    return film("tracks.mkv",
+                [](const std::string& path) {
+                    const TemporaryFolder folder;
+                    const fs::path lines = folder.path() / "lines.srt";
+                    std::ofstream(lines) << "1\n00:00:01,000 --> 00:00:02,000\nHello\n";
+                    const fs::path chapters = folder.path() / "chapters.txt";
+                    std::ofstream(chapters)
+                        << ";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=2500\ntitle=Öffnung\n"
+                           "[CHAPTER]\nTIMEBASE=1/1000\nSTART=2500\nEND=5000\ntitle=終わり\n";
+                    const std::string picture = "testsrc2=size=320x180:rate=30:duration=5";
+                    const std::string tone = "sine=duration=5";
+                    run(ffmpeg({"-f",
+                                "lavfi",
+                                "-i",
+                                picture,
+                                "-f",
+                                "lavfi",
+                                "-i",
+                                tone,
+                                "-i",
+                                lines.string(),
+                                "-i",
+                                chapters.string(),
+                                "-map",
+                                "0",
+                                "-map",
+                                "1",
+                                "-map",
+                                "1",
+                                "-map",
+                                "1",
+                                "-map",
+                                "2",
+                                "-map_metadata",
+                                "3",
+                                "-c:v",
+                                "libx264",
+                                "-preset",
+                                "ultrafast",
+                                "-c:a",
+                                "flac",
+                                "-c:s",
+                                "srt",
+                                "-metadata",
+                                "title=Ein schöner Film 映画",
+                                "-metadata:s:a:0",
+                                "title=Комментарий",
+                                "-metadata:s:a:1",
+                                "language=ger",
+                                "-metadata:s:s:0",
+                                "title=字幕",
+                                "-disposition:s:0",
+                                "0",
+                                path}));
+                });
+}
+
 fs::path Films::sound() {
     return film("sound.flac", [](const std::string& path) {
         run(ffmpeg({"-f", "lavfi", "-i", "sine=duration=2", path}));

@@ -17,6 +17,12 @@ public:
     /// Six seconds of black with a line of subtitles.
     static std::filesystem::path subtitled();
 
+    /// Six seconds with a key frame every two.
+    static std::filesystem::path sparse();
+
+    /// Five seconds with a title, two chapters, three sounds and subtitles, named in several scripts or not.
+    static std::filesystem::path manyTracks();
+
     /// Two seconds of sound without a picture.
     static std::filesystem::path sound();
 

@@ -1,0 +1,26 @@
+#include "Player/Desktop/FilmProbe.h"
+
+#include <utility>
+
+namespace Player {
+
+FilmProbe::FilmProbe(const std::string& location, std::function<void()> wakeUp)
+    : client_({{"vo", "null"},
+               {"ao", "null"},
+               {"pause", "yes"},
+               {"hwdec", "no"},
+               {"cache", "no"},
+               {"demuxer-readahead-secs", "0"},
+               {"vd-lavc-threads", "1"}}) {
+    client_.setWakeUp(std::move(wakeUp));
+    opening_.begin(client_, location, 0.0);
+}
+
+void FilmProbe::update() {
+    while (const mpv_event* event = client_.nextEvent()) {
+        opening_.handle(*event);
+    }
+    opening_.conclude(client_);
+}
+
+} // namespace Player

@@ -1,0 +1,123 @@
+#include "Player/Desktop/MpvClient.h"
+
+#include <array>
+
+namespace Player {
+
+namespace {
+
+constexpr std::array<std::pair<const char*, const char*>, 14> usualSettings{{
+    {"config", "no"},
+    {"terminal", "no"},
+    {"osc", "no"},
+    {"load-scripts", "no"},
+    {"ytdl", "no"},
+    {"input-default-bindings", "no"},
+    {"osd-level", "0"},
+    {"keep-open", "yes"},
+    // A film that came to its end was not paused by anybody.
+    {"keep-open-pause", "no"},
+    {"hr-seek", "yes"},
+    {"audio-fallback-to-null", "yes"},
+    {"network-timeout", "10"},
+    {"gpu-hwdec-interop", "no"},
+    {"audio-client-name", "kivplayer"},
+}};
+
+} // namespace
+
+MpvClient::MpvClient(const std::vector<Setting>& settings) : handle_(mpv_create()) {
+    if (handle_) {
+        start(settings);
+    } else {
+        fail({});
+    }
+}
+
+MpvClient::~MpvClient() {
+    setWakeUp([] {});
+}
+
+void MpvClient::start(const std::vector<Setting>& settings) {
+    for (const auto& [name, value] : usualSettings) {
+        mpv_set_option_string(handle_.get(), name, value);
+    }
+    for (const auto& [name, value] : settings) {
+        mpv_set_option_string(handle_.get(), name.c_str(), value.c_str());
+    }
+    if (const int error = mpv_initialize(handle_.get()); error < 0) {
+        fail(std::string(": ") + mpv_error_string(error));
+        return;
+    }
+    mpv_request_log_messages(handle_.get(), "error");
+}
+
+void MpvClient::fail(const std::string& reason) {
+    failure_ = "cannot start libmpv" + reason;
+    handle_.reset();
+}
+
+// The library's own lock keeps its threads out of the function while it is exchanged.
+void MpvClient::setWakeUp(std::function<void()> wakeUp) {
+    if (!handle_) {
+        return;
+    }
+    mpv_set_wakeup_callback(handle_.get(), nullptr, nullptr);
+    wakeUp_ = std::move(wakeUp);
+    mpv_set_wakeup_callback(
+        handle_.get(), [](void* client) { static_cast<MpvClient*>(client)->wakeUp_(); }, this);
+}
+
+const mpv_event* MpvClient::nextEvent() {
+    if (!handle_) {
+        return nullptr;
+    }
+    const mpv_event* event = mpv_wait_event(handle_.get(), 0.0);
+    return event->event_id == MPV_EVENT_NONE ? nullptr : event;
+}
+
+void MpvClient::command(std::initializer_list<const char*> words, std::uint64_t identifier) {
+    if (handle_) {
+        std::vector<const char*> arguments(words);
+        arguments.push_back(nullptr);
+        mpv_command_async(handle_.get(), identifier, arguments.data());
+    }
+}
+
+void MpvClient::setFlag(const char* name, bool value) {
+    if (handle_) {
+        int number = value ? 1 : 0;
+        mpv_set_property_async(handle_.get(), 0, name, MPV_FORMAT_FLAG, &number);
+    }
+}
+
+void MpvClient::setNumber(const char* name, double value) {
+    if (handle_) {
+        mpv_set_property_async(handle_.get(), 0, name, MPV_FORMAT_DOUBLE, &value);
+    }
+}
+
+void MpvClient::setText(const char* name, const std::string& value) {
+    if (handle_) {
+        const char* text = value.c_str();
+        mpv_set_property_async(handle_.get(), 0, name, MPV_FORMAT_STRING, &text);
+    }
+}
+
+std::optional<bool> MpvClient::flag(const char* name) const {
+    int value = 0;
+    if (!handle_ || mpv_get_property(handle_.get(), name, MPV_FORMAT_FLAG, &value) < 0) {
+        return std::nullopt;
+    }
+    return value != 0;
+}
+
+std::optional<std::int64_t> MpvClient::number(const char* name) const {
+    std::int64_t value = 0;
+    if (!handle_ || mpv_get_property(handle_.get(), name, MPV_FORMAT_INT64, &value) < 0) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+} // namespace Player

@@ -1,0 +1,82 @@
+#include "Player/Desktop/MpvLists.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace Player {
+
+namespace {
+
+std::span<const mpv_node> elements(const mpv_node& list) {
+    if (list.format != MPV_FORMAT_NODE_ARRAY) {
+        return {};
+    }
+    return {list.u.list->values, static_cast<std::size_t>(list.u.list->num)};
+}
+
+const mpv_node* find(const mpv_node& map, std::string_view key, mpv_format format) {
+    if (map.format != MPV_FORMAT_NODE_MAP) {
+        return nullptr;
+    }
+    for (int index = 0; index < map.u.list->num; ++index) {
+        const mpv_node& value = map.u.list->values[index];
+        if (map.u.list->keys[index] == key && value.format == format) {
+            return &value;
+        }
+    }
+    return nullptr;
+}
+
+std::string text(const mpv_node& map, std::string_view key) {
+    const mpv_node* value = find(map, key, MPV_FORMAT_STRING);
+    return value ? value->u.string : "";
+}
+
+std::int64_t integer(const mpv_node& map, std::string_view key) {
+    const mpv_node* value = find(map, key, MPV_FORMAT_INT64);
+    return value ? value->u.int64 : 0;
+}
+
+bool isSet(const mpv_node& map, std::string_view key) {
+    const mpv_node* value = find(map, key, MPV_FORMAT_FLAG);
+    return value && value->u.flag != 0;
+}
+
+// Several tracks may be of one language, so the number goes with it.
+std::string trackName(const mpv_node& track) {
+    if (std::string title = text(track, "title"); !title.empty()) {
+        return title;
+    }
+    const std::string language = text(track, "lang");
+    return (language.empty() ? "Track" : language) + " " + std::to_string(integer(track, "id"));
+}
+
+} // namespace
+
+std::vector<Overlay::Track> readTracks(const mpv_node& list) {
+    std::vector<Overlay::Track> result;
+    for (const mpv_node& track : elements(list)) {
+        const std::string kind = text(track, "type");
+        if (kind == "audio" || kind == "sub") {
+            result.push_back(
+                {.kind = kind == "audio" ? Overlay::TrackKind::Audio : Overlay::TrackKind::Subtitle,
+                 .identifier = integer(track, "id"),
+                 .name = trackName(track),
+                 .isSelected = isSet(track, "selected")});
+        }
+    }
+    return result;
+}
+
+std::vector<Overlay::Chapter> readChapters(const mpv_node& list) {
+    std::vector<Overlay::Chapter> result;
+    for (const mpv_node& chapter : elements(list)) {
+        const mpv_node* start = find(chapter, "time", MPV_FORMAT_DOUBLE);
+        result.push_back({.start = start ? start->u.double_ : 0.0, .name = text(chapter, "title")});
+    }
+    return result;
+}
+
+} // namespace Player

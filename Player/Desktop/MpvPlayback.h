@@ -1,0 +1,116 @@
+#pragma once
+
+#include "Player/Desktop/FilmOpening.h"
+#include "Player/Desktop/FilmProbe.h"
+#include "Player/Desktop/MpvClient.h"
+#include "Player/Desktop/MpvProperties.h"
+#include "Player/Desktop/SeekProgress.h"
+#include "Player/Overlay/Playback.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace Player {
+
+/// Films played by libmpv, with their sound, one after the other. A film comes to rest at its end, on the
+/// last picture, and goes on from any earlier place that is sought; it isn't paused there unless the viewer
+/// had paused it.
+class MpvPlayback final : public Overlay::Playback {
+public:
+    enum class Start { Running, Paused };
+    enum class Sound { Played, Discarded };
+
+    struct Settings {
+        Start start = Start::Running;
+        Sound sound = Sound::Played;
+        bool isMuted = false;
+
+        /// The path of a socket for other programs.
+        std::optional<std::string> ipcServer = std::nullopt;
+    };
+
+    explicit MpvPlayback(const Settings& settings);
+
+    /// What plays them.
+    const MpvClient& client() const { return client_; }
+
+    /// Begins to open a file or URL, to be played from `start` in seconds; one beyond the end is the end.
+    /// What can't be played becomes the state's error.
+    void open(const std::string& location, double start);
+
+    /// Plays another film in place of this one as soon as it is known to be playable. Until then this one
+    /// goes on, and for good if the other can't be played: the notice handler tells why. The newest wins.
+    /// Same as `open` from the start where nothing is being played.
+    void exchange(const std::string& location);
+
+    /// Takes in what has happened since the last call. Call it after each wake-up.
+    void update();
+
+    /// Brings the state up to date with what libmpv would say at this moment.
+    void refresh();
+
+    /// `wakeUp` is called on any thread when there may be something to update; it must not call back.
+    void setWakeUp(std::function<void()> wakeUp);
+
+    /// Called in `update` with what a viewer should know about a film that isn't being played, or a program
+    /// that can't be reached: one sentence without its end.
+    void setNoticeHandler(std::function<void(const std::string&)> handler) { onNotice_ = std::move(handler); }
+
+    /// True once the place where the film was to start is reached.
+    bool isAtStart() const { return opening_.isAtStart(); }
+
+    /// True after another program asked the player to end.
+    bool isAskedToEnd() const { return isAskedToEnd_; }
+
+    /// Keeps subtitles clear of the lower part of the picture: `fraction` of its height.
+    void setBottomInset(double fraction);
+
+    const Overlay::PlaybackState& state() const override { return state_; }
+    void setChangeHandler(std::function<void()> handler) override { onChange_ = std::move(handler); }
+
+    void play() override;
+    void pause() override;
+    void seek(double time, Overlay::SeekPrecision precision) override;
+    void stepFrame(Overlay::Direction direction) override;
+    void setVolume(double volume) override;
+    void setMuted(bool muted) override;
+    void setSpeed(double speed) override;
+    void selectTrack(Overlay::TrackKind kind, std::optional<std::int64_t> identifier) override;
+    void retry() override;
+
+private:
+    enum class StepStage { None, Asked, Going };
+
+    void handle(const mpv_event& event);
+    void noteLog(const mpv_event_log_message& message);
+    void finishStep();
+    void finishProbe();
+    void updateState();
+    void updateFilm();
+    void report();
+
+    template <class Value>
+    void change(Value& value, const Value& newValue) {
+        if (value != newValue) {
+            value = newValue;
+            isChanged_ = true;
+        }
+    }
+
+    MpvClient client_;
+    std::function<void()> wakeUp_ = [] {};
+    std::function<void()> onChange_;
+    std::function<void(const std::string&)> onNotice_;
+    Overlay::PlaybackState state_;
+    bool isChanged_ = false;
+
+    FilmOpening opening_;
+    MpvProperties properties_;
+    SeekProgress seek_;
+    std::optional<FilmProbe> probe_;
+    StepStage step_ = StepStage::None;
+    bool isAskedToEnd_ = false;
+};
+
+} // namespace Player

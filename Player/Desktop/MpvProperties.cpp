@@ -1,0 +1,124 @@
+#include "Player/Desktop/MpvProperties.h"
+
+#include "Player/Desktop/MpvClient.h"
+#include "Player/Desktop/MpvLists.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Player {
+
+namespace {
+
+/// `value` is of the property's format; null where there is none.
+using Take = void (*)(MpvProperties&, const void* value);
+
+struct Observed {
+    const char* name;
+    mpv_format format;
+    Take take;
+};
+
+double number(const void* value) { return *static_cast<const double*>(value); }
+bool isSet(const void* value) { return value && *static_cast<const int*>(value) != 0; }
+const mpv_node& node(const void* value) { return *static_cast<const mpv_node*>(value); }
+
+void takePosition(MpvProperties& properties, const void* value) {
+    properties.position = value ? std::max(0.0, number(value)) : properties.position;
+}
+
+// A still picture has a length of nothing.
+void takeDuration(MpvProperties& properties, const void* value) {
+    const bool isKnown = value && number(value) > 0.0;
+    properties.duration = isKnown ? std::optional(number(value)) : std::nullopt;
+}
+
+void takeTitle(MpvProperties& properties, const void* value) {
+    properties.title =
+        value ? std::optional<std::string>(*static_cast<const char* const*>(value)) : std::nullopt;
+}
+
+void takePaused(MpvProperties& properties, const void* value) { properties.isPaused = isSet(value); }
+void takeEnd(MpvProperties& properties, const void* value) { properties.isAtEnd = isSet(value); }
+void takeWaiting(MpvProperties& properties, const void* value) { properties.isWaitingForData = isSet(value); }
+void takeMuted(MpvProperties& properties, const void* value) { properties.isMuted = isSet(value); }
+
+void takeVolume(MpvProperties& properties, const void* value) {
+    constexpr double loudest = 100.0;
+    properties.volume = value ? std::clamp(number(value) / loudest, 0.0, 1.0) : properties.volume;
+}
+
+void takeSpeed(MpvProperties& properties, const void* value) {
+    properties.speed = value ? number(value) : properties.speed;
+}
+
+void takeTracks(MpvProperties& properties, const void* value) {
+    properties.tracks = value ? readTracks(node(value)) : std::vector<Overlay::Track>();
+}
+
+void takeChapters(MpvProperties& properties, const void* value) {
+    properties.chapters = value ? readChapters(node(value)) : std::vector<Overlay::Chapter>();
+}
+
+constexpr std::array<Observed, 11> observed{{
+    {"time-pos", MPV_FORMAT_DOUBLE, takePosition},
+    {"duration", MPV_FORMAT_DOUBLE, takeDuration},
+    {"media-title", MPV_FORMAT_STRING, takeTitle},
+    {"pause", MPV_FORMAT_FLAG, takePaused},
+    {"eof-reached", MPV_FORMAT_FLAG, takeEnd},
+    {"paused-for-cache", MPV_FORMAT_FLAG, takeWaiting},
+    {"volume", MPV_FORMAT_DOUBLE, takeVolume},
+    {"mute", MPV_FORMAT_FLAG, takeMuted},
+    {"speed", MPV_FORMAT_DOUBLE, takeSpeed},
+    {"track-list", MPV_FORMAT_NODE, takeTracks},
+    {"chapter-list", MPV_FORMAT_NODE, takeChapters},
+}};
+
+void release(mpv_format format, void* value) {
+    if (format == MPV_FORMAT_STRING) {
+        mpv_free(*static_cast<char**>(value));
+    } else if (format == MPV_FORMAT_NODE) {
+        mpv_free_node_contents(static_cast<mpv_node*>(value));
+    }
+}
+
+} // namespace
+
+void MpvProperties::observe(const MpvClient& client) {
+    if (!client.handle()) {
+        return;
+    }
+    for (std::size_t index = 0; index < observed.size(); ++index) {
+        mpv_observe_property(client.handle(), index, observed[index].name, observed[index].format);
+    }
+}
+
+void MpvProperties::handle(const mpv_event& event) {
+    if (event.event_id == MPV_EVENT_PROPERTY_CHANGE) {
+        const auto& property = *static_cast<const mpv_event_property*>(event.data);
+        observed.at(event.reply_userdata)
+            .take(*this, property.format == MPV_FORMAT_NONE ? nullptr : property.data);
+    }
+}
+
+void MpvProperties::refresh(const MpvClient& client) {
+    if (!client.handle()) {
+        return;
+    }
+    union {
+        int flag;
+        double number;
+        char* text;
+        mpv_node node;
+    } value;
+    for (const Observed& property : observed) {
+        if (mpv_get_property(client.handle(), property.name, property.format, &value) < 0) {
+            property.take(*this, nullptr);
+        } else {
+            property.take(*this, &value);
+            release(property.format, &value);
+        }
+    }
+}
+
+} // namespace Player

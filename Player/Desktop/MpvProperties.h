@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Player/Overlay/PlaybackState.h"
+
+#include <mpv/client.h>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Player {
+
+class MpvClient;
+
+/// What libmpv says about the film and itself, kept up to date by its events. What it has no value for keeps
+/// the last one that made sense to a viewer, or none.
+class MpvProperties {
+public:
+    double position = 0.0;
+    std::optional<double> duration;
+    std::optional<std::string> title;
+    bool isPaused = false;
+    bool isAtEnd = false;
+    bool isWaitingForData = false;
+    double volume = 1.0;
+    bool isMuted = false;
+    double speed = 1.0;
+    std::vector<Overlay::Track> tracks;
+    std::vector<Overlay::Chapter> chapters;
+
+    /// Asks to be told of all of them from now on.
+    static void observe(const MpvClient& client);
+
+    /// Takes in one event.
+    void handle(const mpv_event& event);
+
+    /// Asks for all of them now: what changed a moment ago may not have been told yet.
+    void refresh(const MpvClient& client);
+};
+
+} // namespace Player

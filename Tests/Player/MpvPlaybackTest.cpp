@@ -1,0 +1,393 @@
+#include "Tests/Player/Films.h"
+#include "Tests/Player/PlaybackRun.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace Player {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Overlay::Direction;
+using Overlay::SeekPrecision;
+using Overlay::TrackKind;
+using testing::ElementsAre;
+
+constexpr double frame = 1.0 / 30.0;
+
+TEST(MpvPlayback, TellsWhatAFilmIs) {
+    PlaybackRun run;
+    EXPECT_TRUE(run.state().isPaused);
+    EXPECT_FALSE(run.state().isWaiting);
+    run.playback.open(Films::sample().string(), 3.0);
+    EXPECT_TRUE(run.state().isWaiting);
+    EXPECT_EQ(run.state().title, "sample.mkv");
+    EXPECT_EQ(run.state().position, 3.0);
+    EXPECT_FALSE(run.state().duration);
+    ASSERT_TRUE(run.until([&] { return !run.state().isWaiting && run.state().duration; }));
+    EXPECT_NEAR(*run.state().duration, 12.0, 0.1);
+    EXPECT_NEAR(run.state().position, 3.0, frame);
+    EXPECT_TRUE(run.state().isPaused);
+    EXPECT_FALSE(run.state().hasEnded);
+    EXPECT_FALSE(run.state().error);
+    EXPECT_EQ(run.state().volume, 1.0);
+    EXPECT_FALSE(run.state().isMuted);
+    EXPECT_EQ(run.state().speed, 1.0);
+}
+
+TEST(MpvPlayback, PlaysAndPauses) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    run.playback.play();
+    EXPECT_TRUE(run.until([&] { return !run.state().isPaused && run.state().position > 0.3; }));
+    run.playback.pause();
+    EXPECT_TRUE(run.until([&] { return run.state().isPaused; }));
+}
+
+TEST(MpvPlayback, ExactSeekShowsTheTimeAskedFor) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    for (const double time : {7.25, 2.5, 11.0, 0.0}) {
+        run.playback.seek(time, SeekPrecision::Exact);
+        EXPECT_TRUE(run.state().isSeeking);
+        EXPECT_TRUE(run.state().isWaiting);
+        ASSERT_TRUE(run.until([&] { return !run.state().isSeeking; })) << time;
+        EXPECT_FALSE(run.state().isWaiting);
+        EXPECT_TRUE(run.until([&] { return std::abs(run.state().position - time) < frame; }))
+            << time << " " << run.state().position;
+        EXPECT_TRUE(run.state().isPaused);
+    }
+}
+
+TEST(MpvPlayback, KeyFrameSeekStopsAtAKeyFrame) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sparse().string()));
+    run.playback.seek(3.9, SeekPrecision::KeyFrame);
+    ASSERT_TRUE(run.until([&] { return !run.state().isSeeking; }));
+    EXPECT_TRUE(run.until([&] { return run.state().position > 0.0; }));
+    EXPECT_NEAR(run.state().position, 2.0, frame);
+}
+
+TEST(MpvPlayback, SeekThatFollowsAnotherEndsWithTheNewest) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    for (const double time : {2.0, 9.0, 4.0, 10.5, 6.0}) {
+        run.playback.seek(time, SeekPrecision::Exact);
+        run.turn();
+        EXPECT_TRUE(run.state().isSeeking);
+    }
+    ASSERT_TRUE(run.until([&] { return !run.state().isSeeking; }));
+    EXPECT_TRUE(run.until([&] { return std::abs(run.state().position - 6.0) < frame; }));
+}
+
+TEST(MpvPlayback, SeekOutsideTheFilmIsCutToIt) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string(), 5.0));
+    for (const double time : {1000.0, std::numeric_limits<double>::infinity()}) {
+        run.playback.seek(time, SeekPrecision::Exact);
+        EXPECT_TRUE(run.until([&] { return !run.state().isSeeking && run.state().position > 11.8; })) << time;
+    }
+    for (const double time : {-5.0, std::numeric_limits<double>::quiet_NaN()}) {
+        run.playback.seek(time, SeekPrecision::Exact);
+        EXPECT_TRUE(run.until([&] { return !run.state().isSeeking && run.state().position < frame; }))
+            << time;
+    }
+}
+
+TEST(MpvPlayback, SeekWithNothingToSeekInDoesNothing) {
+    PlaybackRun run;
+    run.playback.seek(3.0, SeekPrecision::Exact);
+    EXPECT_FALSE(run.state().isSeeking);
+    run.playback.open("/nowhere/film.mkv", 0.0);
+    run.playback.seek(3.0, SeekPrecision::Exact);
+    EXPECT_FALSE(run.state().isSeeking);
+}
+
+TEST(MpvPlayback, SeekWhileTheFilmIsBeingOpenedIsNeverStuck) {
+    PlaybackRun run;
+    run.playback.open(Films::sample().string(), 0.0);
+    for (int count = 0; count < 20; ++count) {
+        run.playback.seek(3.0 + count * 0.1, SeekPrecision::KeyFrame);
+        run.turn();
+    }
+    EXPECT_TRUE(run.until([&] { return !run.state().isSeeking && !run.state().isWaiting; }));
+}
+
+TEST(MpvPlayback, SeeksInSoundAlone) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sound().string()));
+    run.playback.seek(1.0, SeekPrecision::Exact);
+    EXPECT_TRUE(
+        run.until([&] { return !run.state().isSeeking && std::abs(run.state().position - 1.0) < 0.1; }));
+    run.playback.seek(2.0, SeekPrecision::Exact);
+    EXPECT_TRUE(run.until([&] { return !run.state().isSeeking; }));
+}
+
+TEST(MpvPlayback, FilmEndsOnItsLastPictureAndNobodyPausedIt) {
+    PlaybackRun run(MpvPlayback::Start::Running);
+    ASSERT_TRUE(run.open(Films::sample().string(), 11.5));
+    ASSERT_TRUE(run.until([&] { return run.state().hasEnded; }));
+    EXPECT_FALSE(run.state().isPaused);
+    EXPECT_FALSE(run.state().isWaiting);
+    EXPECT_NEAR(run.state().position, 12.0, 0.2);
+}
+
+TEST(MpvPlayback, PlayAtTheEndStartsOver) {
+    for (const auto start : {MpvPlayback::Start::Running, MpvPlayback::Start::Paused}) {
+        PlaybackRun run(start);
+        ASSERT_TRUE(run.open(Films::sample().string(), 5.0));
+        run.playback.seek(12.0, SeekPrecision::Exact);
+        ASSERT_TRUE(run.until([&] { return run.state().hasEnded; }));
+        EXPECT_EQ(run.state().isPaused, start == MpvPlayback::Start::Paused);
+        run.playback.play();
+        EXPECT_TRUE(run.state().isSeeking);
+        EXPECT_FALSE(run.state().hasEnded);
+        EXPECT_TRUE(run.until([&] {
+            return !run.state().isSeeking && !run.state().isPaused && run.state().position > 0.2 &&
+                   run.state().position < 3.0;
+        }));
+        EXPECT_FALSE(run.state().hasEnded);
+    }
+}
+
+TEST(MpvPlayback, SeekFromTheEndGoesOnFromThere) {
+    PlaybackRun run(MpvPlayback::Start::Running);
+    ASSERT_TRUE(run.open(Films::sample().string(), 11.5));
+    ASSERT_TRUE(run.until([&] { return run.state().hasEnded; }));
+    run.playback.seek(4.0, SeekPrecision::Exact);
+    EXPECT_TRUE(run.until([&] { return !run.state().isSeeking && run.state().position > 4.3; }));
+    EXPECT_FALSE(run.state().hasEnded);
+}
+
+TEST(MpvPlayback, StepsFromPictureToPicture) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string(), 3.0));
+    const double before = run.state().position;
+    for (int step = 1; step <= 3; ++step) {
+        run.playback.stepFrame(Direction::Forward);
+        bool wasAlwaysPaused = true;
+        EXPECT_TRUE(run.until([&] {
+            wasAlwaysPaused = wasAlwaysPaused && run.state().isPaused;
+            return std::abs(run.state().position - before - step * frame) < frame / 4.0;
+        })) << step
+            << " " << run.state().position;
+        EXPECT_TRUE(wasAlwaysPaused);
+    }
+    run.playback.stepFrame(Direction::Backward);
+    EXPECT_TRUE(run.until([&] {
+        return std::abs(run.state().position - before - 2.0 * frame) < frame / 4.0;
+    })) << run.state().position;
+}
+
+TEST(MpvPlayback, StepWhilePlayingPauses) {
+    PlaybackRun run(MpvPlayback::Start::Running);
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    run.playback.stepFrame(Direction::Forward);
+    EXPECT_TRUE(run.state().isPaused);
+    ASSERT_TRUE(run.until([&] { return run.playback.client().flag("pause").value_or(false); }));
+    run.playback.play();
+    EXPECT_TRUE(run.until([&] { return !run.state().isPaused; }));
+}
+
+TEST(MpvPlayback, StepAtTheLastPictureRestsThere) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string(), 11.9));
+    for (int step = 0; step < 6; ++step) {
+        run.playback.stepFrame(Direction::Forward);
+        ASSERT_TRUE(run.until([&] { return run.playback.client().flag("pause").value_or(false); })) << step;
+    }
+    EXPECT_TRUE(run.state().isPaused);
+    run.playback.seek(2.0, SeekPrecision::Exact);
+    EXPECT_TRUE(run.until([&] { return !run.state().isSeeking; }));
+    EXPECT_TRUE(run.playback.client().flag("pause").value_or(false));
+}
+
+TEST(MpvPlayback, VolumeMuteAndSpeedAreWhatWasAskedFor) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    run.playback.setVolume(0.35);
+    run.playback.setMuted(true);
+    run.playback.setSpeed(1.5);
+    EXPECT_TRUE(run.until([&] {
+        return std::abs(run.state().volume - 0.35) < 1e-9 && run.state().isMuted && run.state().speed == 1.5;
+    }));
+    EXPECT_EQ(run.playback.client().number("volume"), 35);
+    run.playback.setVolume(7.0);
+    run.playback.setMuted(false);
+    EXPECT_TRUE(run.until([&] { return run.state().volume == 1.0 && !run.state().isMuted; }));
+    run.playback.setVolume(-1.0);
+    EXPECT_TRUE(run.until([&] { return run.state().volume == 0.0; }));
+}
+
+TEST(MpvPlayback, FilmThatStartsMutedCanBeHeardLater) {
+    PlaybackRun run(MpvPlayback::Settings{.start = MpvPlayback::Start::Paused, .isMuted = true});
+    EXPECT_TRUE(run.state().isMuted);
+    run.playback.setMuted(false);
+    EXPECT_TRUE(run.until([&] { return !run.state().isMuted; }));
+}
+
+TEST(MpvPlayback, TellsTitleTracksAndChapters) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::manyTracks().string()));
+    EXPECT_EQ(run.state().title, "Ein schöner Film 映画");
+    EXPECT_THAT(run.state().tracks, ElementsAre(Overlay::Track{TrackKind::Audio, 1, "Комментарий", true},
+                                                Overlay::Track{TrackKind::Audio, 2, "ger 2", false},
+                                                Overlay::Track{TrackKind::Audio, 3, "Track 3", false},
+                                                Overlay::Track{TrackKind::Subtitle, 1, "字幕", false}));
+    EXPECT_THAT(run.state().chapters,
+                ElementsAre(Overlay::Chapter{0.0, "Öffnung"}, Overlay::Chapter{2.5, "終わり"}));
+}
+
+TEST(MpvPlayback, ChoosesTracks) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::manyTracks().string()));
+    const auto selected = [&] {
+        std::vector<std::pair<TrackKind, std::int64_t>> result;
+        for (const Overlay::Track& track : run.state().tracks) {
+            if (track.isSelected) {
+                result.emplace_back(track.kind, track.identifier);
+            }
+        }
+        return result;
+    };
+    using Selection = std::vector<std::pair<TrackKind, std::int64_t>>;
+    run.playback.selectTrack(TrackKind::Audio, 2);
+    run.playback.selectTrack(TrackKind::Subtitle, 1);
+    EXPECT_TRUE(run.until([&] {
+        return selected() == Selection{{TrackKind::Audio, 2}, {TrackKind::Subtitle, 1}};
+    }));
+    run.playback.selectTrack(TrackKind::Subtitle, {});
+    run.playback.selectTrack(TrackKind::Audio, {});
+    EXPECT_TRUE(run.until([&] { return selected().empty(); }));
+}
+
+TEST(MpvPlayback, RestingFilmHasNoNews) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    // The last properties come a little later than the picture.
+    ASSERT_TRUE(
+        run.until([&, last = -1]() mutable { return std::exchange(last, run.changes) == run.changes; }));
+    const int before = run.changes;
+    for (int count = 0; count < 10; ++count) {
+        run.turn();
+        pauseBriefly();
+    }
+    EXPECT_EQ(run.changes, before);
+}
+
+TEST(MpvPlayback, HandlerIsNeverCalledFromInsideACommand) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    const int before = run.changes;
+    run.playback.seek(5.0, SeekPrecision::Exact);
+    run.playback.play();
+    run.playback.stepFrame(Direction::Forward);
+    EXPECT_EQ(run.changes, before);
+    run.turn();
+    EXPECT_GT(run.changes, before);
+}
+
+TEST(MpvPlayback, UnplayableFilmIsAnErrorThatCanBeTriedAgain) {
+    const TemporaryFolder folder;
+    const fs::path film = folder.path() / "late.mkv";
+    PlaybackRun run;
+    run.playback.open(film.string(), 4.0);
+    run.turn();
+    EXPECT_EQ(run.state().error, "cannot play '" + film.string() + "': no such file");
+    EXPECT_FALSE(run.state().isWaiting);
+    EXPECT_EQ(run.state().title, "late.mkv");
+    run.playback.retry();
+    EXPECT_TRUE(run.state().error);
+    fs::copy_file(Films::sample(), film);
+    run.playback.retry();
+    EXPECT_FALSE(run.state().error);
+    EXPECT_TRUE(
+        run.until([&] { return !run.state().isWaiting && std::abs(run.state().position - 4.0) < frame; }));
+    EXPECT_TRUE(run.notices.empty());
+}
+
+TEST(MpvPlayback, AnotherFilmTakesOver) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::manyTracks().string(), 3.0));
+    run.playback.exchange(Films::sample().string());
+    EXPECT_TRUE(run.until([&] {
+        return run.state().title == "Sample clip" && !run.state().isWaiting && run.state().position > 0.1;
+    }));
+    EXPECT_NEAR(run.state().duration.value_or(0.0), 12.0, 0.1);
+    EXPECT_EQ(run.state().chapters.size(), 4U);
+    EXPECT_FALSE(run.state().isPaused);
+    EXPECT_TRUE(run.notices.empty());
+}
+
+TEST(MpvPlayback, SameFilmAgainIsKnownInFullAgain) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::manyTracks().string()));
+    const Overlay::PlaybackState first = run.state();
+    ASSERT_TRUE(run.open(Films::manyTracks().string()));
+    EXPECT_EQ(run.state().title, first.title);
+    EXPECT_EQ(run.state().duration, first.duration);
+    EXPECT_EQ(run.state().tracks, first.tracks);
+    EXPECT_EQ(run.state().chapters, first.chapters);
+}
+
+TEST(MpvPlayback, OtherFilmThatCannotBePlayedLosesNothing) {
+    const TemporaryFolder folder;
+    const fs::path text = folder.path() / "text.mkv";
+    std::ofstream(text) << "no film at all\n";
+    const fs::path cut = Films::cut(Films::sample(), 3000, "cut.mkv");
+    for (const auto start : {MpvPlayback::Start::Paused, MpvPlayback::Start::Running}) {
+        PlaybackRun run(start);
+        ASSERT_TRUE(run.open(Films::sample().string(), 2.0));
+        for (const auto& [film, reason] : {std::pair(folder.path() / "none.mkv", "no such file"),
+                                           std::pair(text, "it is no film or sound that can be recognised"),
+                                           std::pair(cut, "nothing in it can be decoded")}) {
+            const double before = run.state().position;
+            run.notices.clear();
+            run.playback.exchange(film.string());
+            bool isUndisturbed = true;
+            ASSERT_TRUE(run.until([&] {
+                isUndisturbed = isUndisturbed && !run.state().isWaiting && run.state().title == "Sample clip";
+                return !run.notices.empty();
+            }));
+            EXPECT_THAT(run.notices, ElementsAre("cannot play '" + film.string() + "': " + reason));
+            EXPECT_TRUE(isUndisturbed);
+            EXPECT_EQ(run.state().isPaused, start == MpvPlayback::Start::Paused);
+            EXPECT_FALSE(run.state().error);
+            EXPECT_GE(run.state().position, before);
+            EXPECT_LT(run.state().position, 11.0);
+        }
+        if (start == MpvPlayback::Start::Running) {
+            const double now = run.state().position;
+            EXPECT_TRUE(run.until([&] { return run.state().position > now + 0.1; }));
+        }
+    }
+}
+
+TEST(MpvPlayback, NewestOfManyFilmsWins) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    run.playback.exchange(Films::sparse().string());
+    run.playback.exchange("/nowhere/film.mkv");
+    run.playback.exchange(Films::manyTracks().string());
+    EXPECT_TRUE(run.until([&] { return run.state().title == "Ein schöner Film 映画"; }));
+    EXPECT_TRUE(run.notices.empty());
+}
+
+TEST(MpvPlayback, FilmInPlaceOfAnUnplayableOneIsOpenedAtOnce) {
+    PlaybackRun run;
+    run.playback.open("/nowhere/film.mkv", 0.0);
+    run.turn();
+    ASSERT_TRUE(run.state().error);
+    run.playback.exchange("/nowhere/other.mkv");
+    EXPECT_EQ(run.state().error, "cannot play '/nowhere/other.mkv': no such file");
+    run.playback.exchange(Films::sample().string());
+    EXPECT_TRUE(run.until([&] { return !run.state().error && run.state().position > 0.1; }));
+}
+
+} // namespace
+
+} // namespace Player

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Hosts/Desktop/FilmPixels.h"
+#include "Player/Desktop/MpvPicture.h"
+#include "Player/Desktop/MpvPlayback.h"
+#include "Tests/Player/Process.h"
+
+#include <string>
+#include <vector>
+
+namespace Player {
+
+/// A real film in real mpv, drawn in memory, with nobody to hear it.
+class PlaybackRun {
+public:
+    explicit PlaybackRun(MpvPlayback::Start start = MpvPlayback::Start::Paused)
+        : PlaybackRun({.start = start}) {}
+
+    explicit PlaybackRun(MpvPlayback::Settings settings) : playback(silent(std::move(settings))) {
+        picture.startMemory();
+        playback.setChangeHandler([this] { ++changes; });
+        playback.setNoticeHandler([this](const std::string& text) { notices.push_back(text); });
+    }
+
+    const Overlay::PlaybackState& state() const { return playback.state(); }
+
+    /// What the host does at each turn.
+    void turn() {
+        playback.update();
+        if (picture.hasNewFrame()) {
+            picture.drawIntoMemory(pixels.buffer());
+            picture.frameWasShown();
+        }
+    }
+
+    /// False if `condition` doesn't come to hold.
+    template <class Condition>
+    bool until(Condition condition) {
+        return eventually([&] {
+            turn();
+            return condition();
+        });
+    }
+
+    /// Opens a film and waits for its first picture.
+    bool open(const std::string& location, double start = 0.0) {
+        playback.open(location, start);
+        return until([this] { return playback.isAtStart() && !state().isWaiting && !state().isSeeking; });
+    }
+
+    int changes = 0;
+    std::vector<std::string> notices;
+    MpvPlayback playback;
+    MpvPicture picture{playback.client()};
+    Desktop::FilmPixels pixels{{320, 180}};
+
+private:
+    static MpvPlayback::Settings silent(MpvPlayback::Settings settings) {
+        settings.sound = MpvPlayback::Sound::Discarded;
+        return settings;
+    }
+};
+
+} // namespace Player

@@ -31,11 +31,13 @@ void FilmCommands::seekToFraction(double fraction) {
     }
 }
 
-void FilmCommands::changeVolume(double difference) {
-    playback_.setVolume(std::clamp(playback_.state().volume + difference, 0.0, 1.0));
+double FilmCommands::changeVolume(double difference) {
+    const double volume = std::clamp(playback_.state().volume + difference, 0.0, 1.0);
+    playback_.setVolume(volume);
     if (difference > 0.0 && playback_.state().isMuted) {
         playback_.setMuted(false);
     }
+    return volume;
 }
 
 } // namespace Overlay

@@ -21,8 +21,8 @@ public:
     /// From 0.0, the start, to 1.0. Nothing happens while the film's length is unknown.
     void seekToFraction(double fraction);
 
-    /// `difference` in parts of the full volume. Louder also ends muting.
-    void changeVolume(double difference);
+    /// `difference` in parts of the full volume. Louder also ends muting. Says what the volume is then.
+    double changeVolume(double difference);
     void stepFrame(Direction direction) { playback_.stepFrame(direction); }
 
     /// Call it after each change of the playback's state.

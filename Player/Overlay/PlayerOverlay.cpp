@@ -17,6 +17,7 @@ namespace {
 constexpr double hideDelay = 3.0;
 constexpr double seekStep = 5.0;
 constexpr double volumeStep = 0.05;
+constexpr double percent = 100.0;
 
 std::shared_ptr<FilmView> fill(UIKit::UIView& root) {
     std::shared_ptr<FilmView> picture = make<FilmView>(root.bounds());
@@ -31,7 +32,8 @@ std::shared_ptr<FilmView> fill(UIKit::UIView& root) {
 PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playback& playback,
                              WindowControls& window)
     : playback_(playback), window_(window), film_(playback), picture_(fill(*root)), hostView_(picture_),
-      title_(hostView_, [this] { goBack(); }), transport_(hostView_, transportActions()),
+      status_(hostView_, [this] { playback_.retry(); }), title_(hostView_, [this] { goBack(); }),
+      transport_(hostView_, transportActions()), bubble_(hostView_),
       policy_({title_.bar(), transport_.bar()}, hideDelay) {
     // A bar travels to a new frame over half a second. While somebody drags the window's edge it would trail
     // behind, so the edges follow by themselves and what travels is what is inside.
@@ -95,6 +97,8 @@ void PlayerOverlay::endScrubbing() {
 void PlayerOverlay::hostViewWasResized() {
     title_.bar()->updateBarFrameWithFrame(hostView_->frame());
     transport_.bar()->updateBarFrameWithFrame(hostView_->frame());
+    status_.layOut();
+    updateBubble();
     holdWhileOnBar();
 }
 
@@ -110,8 +114,10 @@ void PlayerOverlay::refresh() {
     policy_.setHold(Hold::Paused, state.isPaused);
     policy_.setHold(Hold::Ended, state.hasEnded);
     policy_.setHold(Hold::Error, state.error.has_value());
+    status_.show(state);
     title_.show(state.title);
     transport_.show(state, film_.position(), window_.isFullScreen());
+    updateBubble();
 }
 
 // The viewer
@@ -124,11 +130,25 @@ void PlayerOverlay::pointerMoved(const CGPoint& location) {
     pointer_ = location;
     policy_.noteActivity();
     holdWhileOnBar();
+    updateBubble();
 }
 
 void PlayerOverlay::pointerLeft() {
     pointer_.reset();
     holdWhileOnBar();
+    updateBubble();
+}
+
+void PlayerOverlay::updateBubble() {
+    const bool isPointing = pointer_ && policy_.areBarsVisible();
+    const std::optional<double> time = transport_.isScrubbing() ? std::optional(transport_.scrubTime())
+                                       : isPointing             ? transport_.timeAt(*pointer_)
+                                                                : std::nullopt;
+    if (time) {
+        bubble_.show(*time, transport_.pointOver(*time));
+    } else {
+        bubble_.hide();
+    }
 }
 
 void PlayerOverlay::holdWhileOnBar() {
@@ -190,7 +210,11 @@ void PlayerOverlay::run(const KeyCommand& command) {
 
 void PlayerOverlay::scrolled(CGFloat notches) { changeVolume(notches * volumeStep); }
 
-void PlayerOverlay::changeVolume(double difference) { film_.changeVolume(difference); }
+void PlayerOverlay::changeVolume(double difference) {
+    const double volume = film_.changeVolume(difference);
+    const char* muted = playback_.state().isMuted ? ", muted" : "";
+    status_.showNotice("Volume " + std::to_string(std::lround(volume * percent)) + " %" + muted);
+}
 
 void PlayerOverlay::goBack() {
     if (window_.isFullScreen()) {
@@ -213,8 +237,9 @@ void PlayerOverlay::barsDidFade() {
         isPointerHidden_ = hides;
         window_.setPointerHidden(hides);
     }
+    updateBubble();
 }
 
-void PlayerOverlay::showNotice(const std::string& /*text*/) {}
+void PlayerOverlay::showNotice(const std::string& text) { status_.showNotice(text); }
 
 } // namespace Overlay

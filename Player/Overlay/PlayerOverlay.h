@@ -3,6 +3,8 @@
 #include "Platform/CoreGraphics/CGGeometry.h"
 #include "Player/Overlay/AutoHidePolicy.h"
 #include "Player/Overlay/FilmCommands.h"
+#include "Player/Overlay/ScrubBubble.h"
+#include "Player/Overlay/StatusViews.h"
 #include "Player/Overlay/TitleControls.h"
 #include "Player/Overlay/TransportControls.h"
 
@@ -37,6 +39,7 @@ public:
     const std::shared_ptr<UIKit::UIView>& hostView() const { return hostView_; }
     const TitleControls& titleControls() const { return title_; }
     const TransportControls& transportControls() const { return transport_; }
+    const ScrubBubble& scrubBubble() const { return bubble_; }
     const AutoHidePolicy& autoHidePolicy() const { return policy_; }
 
     /// Lays the bars out anew. Call it after each change of the root's size.
@@ -71,6 +74,7 @@ private:
     void scrub();
     void endScrubbing();
     void holdWhileOnBar();
+    void updateBubble();
     void barsDidFade();
 
     Playback& playback_;
@@ -78,8 +82,10 @@ private:
     FilmCommands film_;
     std::shared_ptr<FilmView> picture_;
     std::shared_ptr<UIKit::UIView> hostView_;
+    StatusViews status_;
     TitleControls title_;
     TransportControls transport_;
+    ScrubBubble bubble_;
     AutoHidePolicy policy_;
     std::optional<CoreGraphics::CGPoint> pointer_;
     bool isPointerHidden_ = false;

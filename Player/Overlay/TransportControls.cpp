@@ -58,7 +58,7 @@ TransportControls::~TransportControls() {
 
 void TransportControls::layOutRow() {
     constexpr CGFloat button = 44.0;
-    constexpr CGFloat shortestTrack = 104.0;
+    constexpr CGFloat shortestTrack = 84.0;
     constexpr CGFloat minutes = 48.0;
     constexpr CGFloat hours = 66.0;
     const CGFloat time = duration_.value_or(0.0) >= hour ? hours : minutes;

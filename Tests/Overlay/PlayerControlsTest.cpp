@@ -1,6 +1,8 @@
 #include "Hosts/Headless/HeadlessHost.h"
 #include "Platform/UIKit/UIKey.h"
 #include "Player/Overlay/PlayerOverlay.h"
+#include "Player/Overlay/SpinnerView.h"
+#include "Player/Overlay/TimeBubbleView.h"
 #include "Tests/Overlay/FakePlayback.h"
 
 #include <gtest/gtest.h>
@@ -381,6 +383,116 @@ TEST_F(PlayerControlsTest, TouchesOnControlsPutTheHidingOff) {
         tap(muteButton);
     }
     EXPECT_TRUE(isVisible());
+}
+
+// What is said
+
+TEST_F(PlayerControlsTest, PointerOverTheTrackShowsTheTimeUnderIt) {
+    overlay.pointerMoved(trackMiddle);
+    EXPECT_EQ(texts().back(), "00:50");
+    const CGRect bubble = overlay.scrubBubble().view()->frame();
+    EXPECT_DOUBLE_EQ(CGRectGetMidX(bubble), trackMiddle.x);
+    EXPECT_LE(CGRectGetMaxY(bubble), 320.0);
+    overlay.pointerMoved(muteButton);
+    EXPECT_EQ(texts().back(), "01:40");
+    overlay.pointerMoved(trackMiddle);
+    overlay.pointerLeft();
+    EXPECT_TRUE(overlay.scrubBubble().view()->isHidden());
+}
+
+TEST_F(PlayerControlsTest, BubbleStaysInTheWindowAtTheEndsOfTheTrack) {
+    host.window()->setFrame(CGRectMake(0.0, 0.0, 320.0, 180.0));
+    overlay.hostViewWasResized();
+    for (double x = 0.0; x < 320.0; x += 1.0) {
+        overlay.pointerMoved({x, 170.0});
+        const CGRect bubble = overlay.scrubBubble().view()->frame();
+        EXPECT_TRUE(overlay.scrubBubble().view()->isHidden() ||
+                    (CGRectGetMinX(bubble) >= 0.0 && CGRectGetMaxX(bubble) <= 320.0))
+            << x;
+    }
+}
+
+TEST_F(PlayerControlsTest, DragShowsTheTimeAtTheHandle) {
+    host.touchDown(trackMiddle);
+    EXPECT_EQ(texts().back(), "00:50");
+    host.touchMove({600.0, 100.0});
+    EXPECT_EQ(texts().back(), "01:40");
+    host.touchUp({600.0, 100.0});
+    EXPECT_TRUE(overlay.scrubBubble().view()->isHidden());
+}
+
+TEST_F(PlayerControlsTest, BubbleGoesWithTheBars) {
+    overlay.pointerMoved(trackMiddle);
+    overlay.pointerMoved(picture);
+    play(3.2);
+    EXPECT_TRUE(overlay.scrubBubble().view()->isHidden());
+}
+
+TEST_F(PlayerControlsTest, ChangeOfVolumeIsShownForAWhileAndLeavesTheBarsHidden) {
+    host.advance(10.0);
+    overlay.scrolled(-6.0);
+    EXPECT_EQ(texts(), Story{"Volume 70 %"});
+    EXPECT_FALSE(isVisible());
+    host.advance(4.0);
+    EXPECT_EQ(texts(), Story());
+}
+
+TEST_F(PlayerControlsTest, VolumeOfAMutedFilmSaysThatItIsMuted) {
+    playback.now.isMuted = true;
+    overlay.scrolled(-1.0);
+    EXPECT_EQ(texts().front(), "Volume 95 %, muted");
+}
+
+TEST_F(PlayerControlsTest, ErrorIsToldWithAWayToTryAgain) {
+    playback.now.error = "cannot play 'a.mkv': no such file";
+    playback.tell();
+    EXPECT_EQ(texts(),
+              (Story{"Cannot play 'a.mkv': no such file.", "Try again", "A film", "00:00", "01:40"}));
+    for (double y = 60.0; y < 300.0 && playback.story.empty(); y += 10.0) {
+        host.tap({picture.x, y});
+    }
+    EXPECT_EQ(playback.takeStory(), Story{"retry"});
+    playback.tell();
+    EXPECT_EQ(texts(), (Story{"A film", "00:00", "01:40"}));
+}
+
+TEST_F(PlayerControlsTest, SpinnerShowsAfterHalfASecondOfWaiting) {
+    const auto isSpinning = [this] {
+        for (const auto& view : overlay.hostView()->subviews()) {
+            if (const auto spinner = Foundation::as<SpinnerView>(view)) {
+                return spinner->isAnimating();
+            }
+        }
+        return false;
+    };
+    playback.now.isWaiting = true;
+    playback.tell();
+    host.advance(0.4);
+    EXPECT_FALSE(isSpinning());
+    host.advance(0.2);
+    EXPECT_TRUE(isSpinning());
+    playback.now.isWaiting = false;
+    playback.tell();
+    EXPECT_FALSE(isSpinning());
+    playback.now.isSeeking = true;
+    playback.tell();
+    host.advance(0.6);
+    EXPECT_TRUE(isSpinning());
+    playback.now.error = "it broke";
+    playback.tell();
+    EXPECT_FALSE(isSpinning());
+}
+
+TEST_F(PlayerControlsTest, ShortWaitsOneAfterTheOtherShowNoSpinner) {
+    for (int wait = 0; wait < 5; ++wait) {
+        playback.now.isWaiting = true;
+        playback.tell();
+        host.advance(0.3);
+        playback.now.isWaiting = false;
+        playback.tell();
+        host.advance(0.1);
+    }
+    EXPECT_EQ(texts(), (Story{"A film", "00:00", "01:40"}));
 }
 
 // Work

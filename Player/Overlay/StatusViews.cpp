@@ -1,0 +1,95 @@
+#include "Player/Overlay/StatusViews.h"
+
+#include "KivUICore/KivBar.h"
+#include "Platform/Foundation/NSTimer.h"
+#include "Player/Overlay/MessageView.h"
+#include "Player/Overlay/NoticeView.h"
+#include "Player/Overlay/PlaybackState.h"
+#include "Player/Overlay/SpinnerView.h"
+
+#include <utility>
+
+namespace Overlay {
+
+using namespace CoreGraphics;
+using Foundation::make;
+
+namespace {
+
+constexpr double patience = 0.5;
+
+std::string sentence(std::string text) {
+    if (!text.empty() && text.front() >= 'a' && text.front() <= 'z') {
+        text.front() = static_cast<char>(text.front() - 'a' + 'A');
+    }
+    return text + ".";
+}
+
+} // namespace
+
+StatusViews::StatusViews(const std::shared_ptr<UIKit::UIView>& host, std::function<void()> retry)
+    : host_(host), retry_(std::move(retry)), spinner_(make<SpinnerView>(CGRect())),
+      message_(make<MessageView>(CGRect())), notice_(make<NoticeView>(CGRect())) {
+    spinner_->sizeToFit();
+    message_->setHidden(true);
+    host->addSubview(spinner_);
+    host->addSubview(message_);
+    host->addSubview(notice_);
+    layOut();
+}
+
+StatusViews::~StatusViews() {
+    stopTimer();
+    message_->clearAction();
+}
+
+void StatusViews::layOut() {
+    const CGRect bounds = host_->bounds();
+    const CGRect between = CGRectInset(bounds, 0.0, KivUICore::KivBar::barHeight());
+    spinner_->setCenter({CGRectGetMidX(bounds), CGRectGetMidY(bounds)});
+    message_->setFrame(between);
+    notice_->setFrame(between);
+}
+
+void StatusViews::show(const PlaybackState& state) {
+    showError(state.error);
+    showWaiting((state.isWaiting || state.isSeeking) && !state.error);
+}
+
+void StatusViews::showNotice(const std::string& text) { notice_->show(text); }
+
+void StatusViews::showError(const std::optional<std::string>& error) {
+    if (error == error_) {
+        return;
+    }
+    error_ = error;
+    message_->setHidden(!error);
+    if (error) {
+        message_->setText(sentence(*error));
+        message_->setAction("Try again", retry_);
+    }
+}
+
+// Most waits are over before anybody would notice.
+void StatusViews::showWaiting(bool isWaiting) {
+    if (isWaiting == isWaiting_) {
+        return;
+    }
+    isWaiting_ = isWaiting;
+    stopTimer();
+    if (isWaiting) {
+        timer_ = Foundation::NSTimer::scheduledTimerWithTimeInterval(
+            patience, false, [this](Foundation::NSTimer& /*timer*/) { spinner_->startAnimating(); });
+    } else {
+        spinner_->stopAnimating();
+    }
+}
+
+void StatusViews::stopTimer() {
+    if (timer_) {
+        timer_->invalidate();
+        timer_ = nullptr;
+    }
+}
+
+} // namespace Overlay

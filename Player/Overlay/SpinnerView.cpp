@@ -34,12 +34,6 @@ bool SpinnerView::init(const CGRect& frame) {
     return true;
 }
 
-void SpinnerView::dealloc() {
-    isAnimating_ = false;
-    startOrStopTurning();
-    UIView::dealloc();
-}
-
 CGSize SpinnerView::sizeThatFits(const CGSize& /*size*/) const { return {side, side}; }
 
 void SpinnerView::startAnimating() {
@@ -66,14 +60,9 @@ void SpinnerView::startOrStopTurning() {
         timer_.reset();
         return;
     }
-    // The run loop holds the timer, which must not hold the view in turn.
-    const std::weak_ptr<SpinnerView> weak = self(this);
+    // The window holds the view for as long as the timer runs.
     timer_ = Foundation::NSTimer::scheduledTimerWithTimeInterval(secondsPerTurn / spokeCount, true,
-                                                                 [weak](Foundation::NSTimer&) {
-                                                                     if (const auto view = weak.lock()) {
-                                                                         view->turn();
-                                                                     }
-                                                                 });
+                                                                 [this](Foundation::NSTimer&) { turn(); });
 }
 
 void SpinnerView::turn() {

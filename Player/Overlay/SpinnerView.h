@@ -27,7 +27,6 @@ public:
     void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
 
 protected:
-    void dealloc() override;
     void didMoveToWindow() override;
 
 private:

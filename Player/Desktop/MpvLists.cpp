@@ -79,4 +79,19 @@ std::vector<Overlay::Chapter> readChapters(const mpv_node& list) {
     return result;
 }
 
+// The list also has the drivers, as devices of their own; what the driver leads to has a slash in its name.
+std::vector<Overlay::AudioDevice> readAudioDevices(const mpv_node& list) {
+    std::vector<Overlay::AudioDevice> result{{.identifier = "auto", .name = "System default"}};
+    for (const mpv_node& device : elements(list)) {
+        const std::string identifier = text(device, "name");
+        if (identifier.find('/') != std::string::npos) {
+            const std::string description = text(device, "description");
+            result.push_back(
+                {.identifier = identifier, .name = description.empty() ? identifier : description});
+        }
+    }
+    constexpr std::size_t leastToChoose = 3;
+    return result.size() < leastToChoose ? std::vector<Overlay::AudioDevice>() : result;
+}
+
 } // namespace Player

@@ -170,18 +170,23 @@ void MpvPlayback::updateState() {
     change(state_.volume, properties_.volume);
     change(state_.isMuted, properties_.isMuted);
     change(state_.speed, properties_.speed);
+    change(state_.audioDevices, properties_.audioDevices);
 }
 
 // What is said of a film before this one is loaded may still be about the one before it.
 void MpvPlayback::updateFilm() {
     const bool isLoaded = opening_.isLoaded();
-    const std::string name = nameOf(opening_.location());
-    change(state_.title, isLoaded ? properties_.title.value_or(name) : name);
+    if (isLoaded && properties_.title) {
+        change(state_.title, *properties_.title);
+    } else {
+        change(state_.title, nameOf(opening_.location()));
+    }
     change(state_.duration, isLoaded ? properties_.duration : std::nullopt);
     const double position = isLoaded ? properties_.position : opening_.start();
     change(state_.position, std::min(position, state_.duration.value_or(position)));
-    change(state_.tracks, isLoaded ? properties_.tracks : std::vector<Overlay::Track>());
-    change(state_.chapters, isLoaded ? properties_.chapters : std::vector<Overlay::Chapter>());
+    static const MpvProperties nothing;
+    change(state_.tracks, (isLoaded ? properties_ : nothing).tracks);
+    change(state_.chapters, (isLoaded ? properties_ : nothing).chapters);
 }
 
 // The handler may replace itself.
@@ -206,12 +211,17 @@ void MpvPlayback::play() {
     if (state_.hasEnded) {
         seek(0.0, SeekPrecision::Exact);
     }
-    client_.setFlag("pause", false);
+    setPaused(false);
 }
 
 void MpvPlayback::pause() {
     step_ = StepStage::None;
-    client_.setFlag("pause", true);
+    setPaused(true);
+}
+
+void MpvPlayback::setPaused(bool paused) {
+    client_.setFlag("pause", paused);
+    expect(properties_.isPaused, paused);
 }
 
 void MpvPlayback::seek(double time, SeekPrecision precision) {
@@ -244,16 +254,28 @@ void MpvPlayback::stepFrame(Direction direction) {
 
 void MpvPlayback::setVolume(double volume) {
     constexpr double loudest = 100.0;
-    client_.setNumber("volume", std::clamp(volume, 0.0, 1.0) * loudest);
+    const double inRange = std::clamp(volume, 0.0, 1.0);
+    client_.setNumber("volume", inRange * loudest);
+    expect(properties_.volume, inRange);
 }
 
-void MpvPlayback::setMuted(bool muted) { client_.setFlag("mute", muted); }
+void MpvPlayback::setMuted(bool muted) {
+    client_.setFlag("mute", muted);
+    expect(properties_.isMuted, muted);
+}
 
-void MpvPlayback::setSpeed(double speed) { client_.setNumber("speed", speed); }
+void MpvPlayback::setSpeed(double speed) {
+    client_.setNumber("speed", speed);
+    expect(properties_.speed, speed);
+}
 
 void MpvPlayback::selectTrack(TrackKind kind, std::optional<std::int64_t> identifier) {
     client_.setText(kind == TrackKind::Audio ? "aid" : "sid",
                     identifier ? std::to_string(*identifier) : "no");
+}
+
+void MpvPlayback::selectAudioDevice(const std::string& identifier) {
+    client_.setText("audio-device", identifier);
 }
 
 } // namespace Player

@@ -77,6 +77,7 @@ public:
     void setMuted(bool muted) override;
     void setSpeed(double speed) override;
     void selectTrack(Overlay::TrackKind kind, std::optional<std::int64_t> identifier) override;
+    void selectAudioDevice(const std::string& identifier) override;
     void retry() override;
 
 private:
@@ -89,6 +90,16 @@ private:
     void updateState();
     void updateFilm();
     void report();
+
+    void setPaused(bool paused);
+
+    // Takes a value that was asked for as if it were there: libmpv tells of it a little later.
+    template <class Value>
+    void expect(Value& value, Value expected) {
+        value = expected;
+        updateState();
+        wakeUp_();
+    }
 
     template <class Value>
     void change(Value& value, const Value& newValue) {

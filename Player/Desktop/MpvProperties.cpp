@@ -60,7 +60,23 @@ void takeChapters(MpvProperties& properties, const void* value) {
     properties.chapters = value ? readChapters(node(value)) : std::vector<Overlay::Chapter>();
 }
 
-constexpr std::array<Observed, 11> observed{{
+void markSelectedDevice(MpvProperties& properties) {
+    for (Overlay::AudioDevice& device : properties.audioDevices) {
+        device.isSelected = device.identifier == properties.audioDevice;
+    }
+}
+
+void takeAudioDevices(MpvProperties& properties, const void* value) {
+    properties.audioDevices = value ? readAudioDevices(node(value)) : std::vector<Overlay::AudioDevice>();
+    markSelectedDevice(properties);
+}
+
+void takeAudioDevice(MpvProperties& properties, const void* value) {
+    properties.audioDevice = value ? *static_cast<const char* const*>(value) : "";
+    markSelectedDevice(properties);
+}
+
+constexpr std::array<Observed, 13> observed{{
     {"time-pos", MPV_FORMAT_DOUBLE, takePosition},
     {"duration", MPV_FORMAT_DOUBLE, takeDuration},
     {"media-title", MPV_FORMAT_STRING, takeTitle},
@@ -72,6 +88,8 @@ constexpr std::array<Observed, 11> observed{{
     {"speed", MPV_FORMAT_DOUBLE, takeSpeed},
     {"track-list", MPV_FORMAT_NODE, takeTracks},
     {"chapter-list", MPV_FORMAT_NODE, takeChapters},
+    {"audio-device-list", MPV_FORMAT_NODE, takeAudioDevices},
+    {"audio-device", MPV_FORMAT_STRING, takeAudioDevice},
 }};
 
 void release(mpv_format format, void* value) {

@@ -26,6 +26,8 @@ public:
     double speed = 1.0;
     std::vector<Overlay::Track> tracks;
     std::vector<Overlay::Chapter> chapters;
+    std::vector<Overlay::AudioDevice> audioDevices;
+    std::string audioDevice;
 
     /// Asks to be told of all of them from now on.
     static void observe(const MpvClient& client);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace Overlay {
 
@@ -17,7 +18,8 @@ enum class SeekPrecision {
 enum class Direction { Backward, Forward };
 
 /// The film under the overlay. Commands return at once; what comes of them is in the state, and the change
-/// handler is called after each change of it, never from inside a command.
+/// handler is called after each change of it, never from inside a command. Pause, volume, mute and speed are
+/// in the state at once, so that one command can follow on another.
 class Playback {
 public:
     virtual ~Playback() = default;
@@ -47,6 +49,9 @@ public:
 
     /// Chooses one of `state().tracks`; none switches subtitles or sound off.
     virtual void selectTrack(TrackKind kind, std::optional<std::int64_t> identifier) = 0;
+
+    /// Sends the sound to one of `state().audioDevices`.
+    virtual void selectAudioDevice(const std::string& identifier) = 0;
 
     /// Opens the film again after an error, where it was.
     virtual void retry() = 0;

@@ -30,6 +30,16 @@ struct Chapter {
     friend bool operator==(const Chapter&, const Chapter&) = default;
 };
 
+/// Where the sound can go.
+struct AudioDevice {
+    /// Unlike any other's.
+    std::string identifier;
+    std::string name;
+    bool isSelected = false;
+
+    friend bool operator==(const AudioDevice&, const AudioDevice&) = default;
+};
+
 /// What is known of a film at one moment. Times are in seconds.
 struct PlaybackState {
     /// The film's own title, or the name of its file.
@@ -54,6 +64,9 @@ struct PlaybackState {
 
     std::vector<Track> tracks;
     std::vector<Chapter> chapters;
+
+    /// Empty unless there is something to choose.
+    std::vector<AudioDevice> audioDevices;
 
     /// Why nothing can be played, as one sentence without its end; nothing while all is well.
     std::optional<std::string> error;

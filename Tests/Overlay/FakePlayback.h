@@ -51,6 +51,9 @@ public:
         story.push_back((kind == TrackKind::Audio ? "audio " : "subtitle ") +
                         (identifier ? std::to_string(*identifier) : "off"));
     }
+    void selectAudioDevice(const std::string& identifier) override {
+        story.push_back("device " + identifier);
+    }
     void retry() override {
         story.emplace_back("retry");
         now.error.reset();

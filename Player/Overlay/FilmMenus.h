@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Player/Overlay/FilmCommands.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Overlay {
+
+enum class MenuKind { Main, Speed, Audio, Subtitles, Chapters };
+
+/// A line of a menu: it opens another menu, or does something.
+struct MenuEntry {
+    std::string text;
+
+    /// Marked with a tick.
+    bool isCurrent = false;
+    std::optional<MenuKind> opens;
+    std::function<void()> choose;
+};
+
+/// What the menus over a film offer.
+class FilmMenus {
+public:
+    /// Both outlive the menus and what their entries do.
+    FilmMenus(Playback& playback, FilmCommands& film) : playback_(playback), film_(film) {}
+
+    /// The main menu leads to the others, as far as there is something to choose in them.
+    std::vector<MenuEntry> entries(MenuKind kind) const;
+
+private:
+    std::vector<MenuEntry> mainEntries() const;
+    std::vector<MenuEntry> speedEntries() const;
+    std::vector<MenuEntry> trackEntries(TrackKind kind) const;
+    std::vector<MenuEntry> chapterEntries() const;
+    bool hasTracks(TrackKind kind) const;
+
+    Playback& playback_;
+    FilmCommands& film_;
+};
+
+} // namespace Overlay

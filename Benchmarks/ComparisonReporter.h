@@ -13,6 +13,8 @@ namespace Benchmarks {
 /// compared is the processor time of the quickest repetition, and each counter.
 class ComparisonReporter : public benchmark::ConsoleReporter {
 public:
+    using ConsoleReporter::ConsoleReporter;
+
     void ReportRuns(const std::vector<Run>& runs) override;
     void Finalize() override;
 

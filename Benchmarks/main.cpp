@@ -1,6 +1,7 @@
 #include "Benchmarks/ComparisonReporter.h"
 
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 int main(int argc, char** argv) {
@@ -20,6 +21,7 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
         return 2;
     }
-    Benchmarks::ComparisonReporter reporter;
+    using Reporter = Benchmarks::ComparisonReporter;
+    Reporter reporter(isatty(STDOUT_FILENO) != 0 ? Reporter::OO_Color : Reporter::OO_None);
     benchmark::RunSpecifiedBenchmarks(&reporter);
 }

@@ -2,10 +2,14 @@
 
 #include "Hosts/Desktop/FilmSource.h"
 #include "Hosts/Desktop/GLCompositor.h"
+#include "Hosts/Desktop/KeyInput.h"
 #include "Hosts/Desktop/SoftwareCompositor.h"
+#include "Hosts/Desktop/WheelInput.h"
+#include "Hosts/Desktop/WindowDelegate.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Desktop {
 
@@ -32,6 +36,9 @@ void outliveXErrors() {
     }
 }
 
+// Hears for a window that has no delegate.
+WindowDelegate nobody;
+
 CGSize screenSize(SDL_Window* window) {
     int width = 0;
     int height = 0;
@@ -52,6 +59,8 @@ DesktopWindow::VideoSystem::VideoSystem() {
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     outliveXErrors();
     isStarted = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
+    // Keys are commands here: no input method should make words of them.
+    SDL_StopTextInput();
 }
 
 DesktopWindow::VideoSystem::~VideoSystem() { SDL_Quit(); }
@@ -74,7 +83,7 @@ std::unique_ptr<DesktopWindow> DesktopWindow::open(const Settings& settings, Fil
 
 DesktopWindow::DesktopWindow(const Settings& settings, FilmSource& film)
     : settings_(settings), film_(film), views_(Foundation::make<UIKit::UIWindow>(CGRect{{}, settings.size})),
-      input_(views_) {}
+      input_(views_), delegate_(&nobody) {}
 
 DesktopWindow::~DesktopWindow() = default;
 
@@ -135,15 +144,26 @@ double DesktopWindow::refreshRate() const {
 void DesktopWindow::handle(const SDL_Event& event) {
     switch (event.type) {
     case SDL_QUIT:
-        onClose_();
+        delegate_->windowShouldClose();
         break;
     case SDL_WINDOWEVENT:
         handleWindowEvent(event.window);
         break;
     case SDL_KEYDOWN:
-        if (event.key.repeat == 0) {
-            onKey_(event.key.keysym.sym);
-        }
+        handleKey(event.key);
+        break;
+    case SDL_MOUSEWHEEL:
+        handleWheel(event.wheel);
+        break;
+    case SDL_MOUSEMOTION:
+        handleMotion(event.motion);
+        input_.handle(event);
+        break;
+    case SDL_DROPBEGIN:
+    case SDL_DROPFILE:
+    case SDL_DROPTEXT:
+    case SDL_DROPCOMPLETE:
+        handleDrop(event.drop);
         break;
     default:
         input_.handle(event);
@@ -157,6 +177,9 @@ void DesktopWindow::handleWindowEvent(const SDL_WindowEvent& event) {
         compositor_->invalidate();
         needsDisplay_ = true;
         break;
+    case SDL_WINDOWEVENT_LEAVE:
+        delegate_->pointerLeft();
+        break;
     case SDL_WINDOWEVENT_FOCUS_LOST:
     case SDL_WINDOWEVENT_HIDDEN:
     case SDL_WINDOWEVENT_MINIMIZED:
@@ -167,7 +190,89 @@ void DesktopWindow::handleWindowEvent(const SDL_WindowEvent& event) {
     }
 }
 
+void DesktopWindow::handleKey(const SDL_KeyboardEvent& event) {
+    const std::optional<UIKit::UIKey> key = keyOf(event);
+    if (key && !views_->sendKey(*key)) {
+        delegate_->keyWentDown(*key);
+    }
+}
+
+// A finger tells of itself, by touches: what SDL makes up from it as a mouse is no pointer.
+void DesktopWindow::handleMotion(const SDL_MouseMotionEvent& event) {
+    if (event.which != SDL_TOUCH_MOUSEID) {
+        delegate_->pointerMoved(input_.pointAt(event.x, event.y));
+    }
+}
+
+void DesktopWindow::handleWheel(const SDL_MouseWheelEvent& event) {
+    const WheelTurn turn = wheelTurnOf(event);
+    if (!views_->sendScroll(input_.pointAt(event.mouseX, event.mouseY), turn.delta) && turn.notches != 0.0) {
+        delegate_->wheelTurned(turn.notches);
+    }
+}
+
+void DesktopWindow::handleDrop(const SDL_DropEvent& event) {
+    if (const std::optional<std::string> path = drop_.handle(event)) {
+        delegate_->fileWasDropped(*path);
+    }
+}
+
+void DesktopWindow::setDelegate(WindowDelegate* delegate) { delegate_ = delegate ? delegate : &nobody; }
+
+void DesktopWindow::setTitle(const std::string& title) { SDL_SetWindowTitle(window_.get(), title.c_str()); }
+
+void DesktopWindow::setPointerHidden(bool hidden) { SDL_ShowCursor(hidden ? SDL_DISABLE : SDL_ENABLE); }
+
+bool DesktopWindow::hasFullScreenFlag() const {
+    return (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
+}
+
+// SDL doesn't notice when it is the window manager that gives a window all of the screen.
+bool DesktopWindow::isFullScreen() const {
+    SDL_Rect screen{};
+    SDL_Rect window{};
+    SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(window_.get()), &screen);
+    SDL_GetWindowPosition(window_.get(), &window.x, &window.y);
+    SDL_GetWindowSize(window_.get(), &window.w, &window.h);
+    return hasFullScreenFlag() || SDL_RectEquals(&screen, &window) == SDL_TRUE;
+}
+
+void DesktopWindow::setFullScreen(bool fullScreen) {
+    if (fullScreen == isFullScreen()) {
+        return;
+    }
+    const bool isMaximized = (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_MAXIMIZED) != 0;
+    if (fullScreen && !isMaximized) {
+        sizeBefore_ = screenSize(window_.get());
+    }
+    // What SDL did not do it does not undo either.
+    if (fullScreen || !hasFullScreenFlag()) {
+        SDL_SetWindowFullscreen(window_.get(), SDL_WINDOW_FULLSCREEN_DESKTOP);
+    }
+    if (!fullScreen) {
+        SDL_SetWindowFullscreen(window_.get(), 0);
+        restoreSize();
+    }
+}
+
+// A window manager would do it, but there may be none.
+void DesktopWindow::restoreSize() {
+    if (sizeBefore_) {
+        SDL_SetWindowSize(window_.get(), static_cast<int>(sizeBefore_->width),
+                          static_cast<int>(sizeBefore_->height));
+        sizeBefore_.reset();
+    }
+}
+
+void DesktopWindow::noteFullScreen() {
+    const bool isFull = isFullScreen();
+    if (std::exchange(wasFullScreen_, isFull) != isFull) {
+        delegate_->fullScreenDidChange();
+    }
+}
+
 void DesktopWindow::settle() {
+    noteFullScreen();
     const PixelSize size = pixelSize();
     if (size.isEmpty() || (overlay_ && overlay_->size() == size)) {
         return;
@@ -178,7 +283,7 @@ void DesktopWindow::settle() {
     views_->setFrame(CGRectMake(0.0, 0.0, size.width / scale_, size.height / scale_));
     views_->setNeedsDisplayEverywhere();
     needsDisplay_ = true;
-    onResize_();
+    delegate_->windowWasResized();
 }
 
 void DesktopWindow::display() {

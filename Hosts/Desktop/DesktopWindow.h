@@ -2,12 +2,12 @@
 
 #include "Hosts/Desktop/CairoResources.h"
 #include "Hosts/Desktop/Compositor.h"
+#include "Hosts/Desktop/DropInput.h"
 #include "Hosts/Desktop/OverlaySurface.h"
 #include "Hosts/Desktop/TouchInput.h"
 #include "Platform/UIKit/UIWindow.h"
 
 #include <SDL.h>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,9 +15,10 @@
 namespace Desktop {
 
 class FilmSource;
+class WindowDelegate;
 
-/// A window on the desktop with a film in it and views over the film. Feeds the views with touches and sizes,
-/// and draws.
+/// A window on the desktop with a film in it and views over the film. Feeds the views with touches, keys, the
+/// wheel and sizes, and draws.
 class DesktopWindow {
 public:
     enum class Drawing { Automatic, OpenGL, Software };
@@ -45,10 +46,17 @@ public:
     /// The root of the views, as large as the window and transparent.
     const std::shared_ptr<UIKit::UIWindow>& views() const { return views_; }
 
-    /// Called after `views` took another size, and when a person wants the window closed or presses a key.
-    void setResizeHandler(std::function<void()> handler) { onResize_ = std::move(handler); }
-    void setCloseHandler(std::function<void()> handler) { onClose_ = std::move(handler); }
-    void setKeyHandler(std::function<void(SDL_Keycode key)> handler) { onKey_ = std::move(handler); }
+    /// One delegate, replaced by the next; null for none. It outlives the window.
+    void setDelegate(WindowDelegate* delegate);
+
+    void setTitle(const std::string& title);
+
+    /// Whether the window covers its whole screen.
+    bool isFullScreen() const;
+    void setFullScreen(bool fullScreen);
+
+    /// Whether the pointer is invisible over the window. Elsewhere it always shows.
+    void setPointerHidden(bool hidden);
 
     /// Takes in one event of SDL's. A change of size waits for `settle`.
     void handle(const SDL_Event& event);
@@ -83,6 +91,13 @@ private:
     bool makeCompositor();
     PixelSize pixelSize() const;
     void handleWindowEvent(const SDL_WindowEvent& event);
+    void handleKey(const SDL_KeyboardEvent& event);
+    void handleMotion(const SDL_MouseMotionEvent& event);
+    void handleWheel(const SDL_MouseWheelEvent& event);
+    void handleDrop(const SDL_DropEvent& event);
+    bool hasFullScreenFlag() const;
+    void restoreSize();
+    void noteFullScreen();
 
     Settings settings_;
     FilmSource& film_;
@@ -96,10 +111,12 @@ private:
     CairoResources resources_;
     std::optional<OverlaySurface> overlay_;
     bool needsDisplay_ = true;
+    DropInput drop_;
+    WindowDelegate* delegate_;
+    bool wasFullScreen_ = false;
 
-    std::function<void()> onResize_ = [] {};
-    std::function<void()> onClose_ = [] {};
-    std::function<void(SDL_Keycode)> onKey_ = [](SDL_Keycode) {};
+    // While the window has all of the screen, what it had before; in SDL's units.
+    std::optional<CoreGraphics::CGSize> sizeBefore_;
 };
 
 } // namespace Desktop

@@ -30,7 +30,7 @@ void EventLoop::run() {
     }
 }
 
-// Called on the film's threads, and often: one event in the queue is enough.
+// Called often: one event in the queue is enough.
 void EventLoop::wakeUp() {
     if (!isWakeUpPending_.exchange(true)) {
         SDL_Event event{};

@@ -17,7 +17,7 @@ class FilmSource;
 /// what came of it, in one picture for all and no faster than the screen. The film wakes it while it exists.
 class EventLoop {
 public:
-    /// All outlive the loop. `onWakeUp` is called in the loop after the film woke it.
+    /// All outlive the loop. `onWakeUp` is called in the loop after the film or `wakeUp` woke it.
     EventLoop(Foundation::NSRunLoop& runLoop, DesktopWindow& window, FilmSource& film,
               std::function<void()> onWakeUp);
     EventLoop(const EventLoop&) = delete;
@@ -28,8 +28,10 @@ public:
     void run();
     void stop() { isStopped_ = true; }
 
-private:
+    /// Makes the loop call `onWakeUp` soon. May be called on any thread.
     void wakeUp();
+
+private:
     void waitForEvents();
     void handle(const SDL_Event& event);
     void displayIfDue();

@@ -45,11 +45,14 @@ void TouchInput::cancel() {
     window_->cancelTouches();
 }
 
+CGPoint TouchInput::pointAt(int x, int y) const {
+    const CGSize size = window_->bounds().size;
+    return {x * size.width / screenSize_.width, y * size.height / screenSize_.height};
+}
+
 void TouchInput::mouseWent(UITouchPhase phase, int x, int y) {
     isMouseDown_ = phase != UITouchPhase::Ended;
-    const CGSize size = window_->bounds().size;
-    window_->sendTouch(mouseTouch, phase,
-                       {x * size.width / screenSize_.width, y * size.height / screenSize_.height});
+    window_->sendTouch(mouseTouch, phase, pointAt(x, y));
 }
 
 void TouchInput::fingerWent(UITouchPhase phase, const SDL_TouchFingerEvent& finger) {

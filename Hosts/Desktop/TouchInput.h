@@ -16,6 +16,9 @@ public:
     /// The window's size in SDL's own units, in which the mouse is told; not empty.
     void setScreenSize(const CoreGraphics::CGSize& size) { screenSize_ = size; }
 
+    /// A place that SDL tells the mouse at, in points.
+    CoreGraphics::CGPoint pointAt(int x, int y) const;
+
     /// Events of other kinds are ignored. May tear down anything but this object.
     void handle(const SDL_Event& event);
 

@@ -6,11 +6,14 @@ namespace Player {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, const char*>, 14> usualSettings{{
+constexpr std::array<std::pair<const char*, const char*>, 17> usualSettings{{
     {"config", "no"},
     {"terminal", "no"},
     {"osc", "no"},
     {"load-scripts", "no"},
+    {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
+    {"load-auto-profiles", "no"},
     {"ytdl", "no"},
     {"input-default-bindings", "no"},
     {"osd-level", "0"},

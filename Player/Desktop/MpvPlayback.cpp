@@ -39,7 +39,8 @@ std::vector<MpvClient::Setting> clientSettings(const MpvPlayback::Settings& sett
 
 MpvPlayback::MpvPlayback(const Settings& settings) : client_(clientSettings(settings)) {
     state_.error = client_.failure();
-    MpvProperties::observe(client_);
+    MpvProperties::observe(client_, settings.sound == Sound::Played ? MpvProperties::Devices::Listed
+                                                                    : MpvProperties::Devices::Unlisted);
     properties_.refresh(client_);
     updateState();
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace Player {
 
@@ -77,6 +78,10 @@ void takeAudioDevice(MpvProperties& properties, const void* value) {
 }
 
 constexpr std::array<Observed, 13> observed{{
+    // To list the devices is to start all sound drivers there are, which takes time, and to hear them
+    // complain: these two are told when they change, and not at all to who has no sound.
+    {"audio-device-list", MPV_FORMAT_NODE, takeAudioDevices},
+    {"audio-device", MPV_FORMAT_STRING, takeAudioDevice},
     {"time-pos", MPV_FORMAT_DOUBLE, takePosition},
     {"duration", MPV_FORMAT_DOUBLE, takeDuration},
     {"media-title", MPV_FORMAT_STRING, takeTitle},
@@ -88,9 +93,9 @@ constexpr std::array<Observed, 13> observed{{
     {"speed", MPV_FORMAT_DOUBLE, takeSpeed},
     {"track-list", MPV_FORMAT_NODE, takeTracks},
     {"chapter-list", MPV_FORMAT_NODE, takeChapters},
-    {"audio-device-list", MPV_FORMAT_NODE, takeAudioDevices},
-    {"audio-device", MPV_FORMAT_STRING, takeAudioDevice},
 }};
+
+constexpr std::size_t firstWithoutDevices = 2;
 
 void release(mpv_format format, void* value) {
     if (format == MPV_FORMAT_STRING) {
@@ -102,11 +107,12 @@ void release(mpv_format format, void* value) {
 
 } // namespace
 
-void MpvProperties::observe(const MpvClient& client) {
+void MpvProperties::observe(const MpvClient& client, Devices devices) {
     if (!client.handle()) {
         return;
     }
-    for (std::size_t index = 0; index < observed.size(); ++index) {
+    for (std::size_t index = devices == Devices::Listed ? 0 : firstWithoutDevices; index < observed.size();
+         ++index) {
         mpv_observe_property(client.handle(), index, observed[index].name, observed[index].format);
     }
 }
@@ -129,7 +135,7 @@ void MpvProperties::refresh(const MpvClient& client) {
         char* text;
         mpv_node node;
     } value;
-    for (const Observed& property : observed) {
+    for (const Observed& property : std::span(observed).subspan(firstWithoutDevices)) {
         if (mpv_get_property(client.handle(), property.name, property.format, &value) < 0) {
             property.take(*this, nullptr);
         } else {

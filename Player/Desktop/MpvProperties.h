@@ -29,13 +29,15 @@ public:
     std::vector<Overlay::AudioDevice> audioDevices;
     std::string audioDevice;
 
-    /// Asks to be told of all of them from now on.
-    static void observe(const MpvClient& client);
+    enum class Devices { Listed, Unlisted };
+
+    /// Asks to be told of all of them from now on; of the devices, only if they are to be listed.
+    static void observe(const MpvClient& client, Devices devices);
 
     /// Takes in one event.
     void handle(const mpv_event& event);
 
-    /// Asks for all of them now: what changed a moment ago may not have been told yet.
+    /// Asks for all but the devices now: what changed a moment ago may not have been told yet.
     void refresh(const MpvClient& client);
 };
 

@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace Player {
 
@@ -9,7 +11,10 @@ namespace {
 
 constexpr const char* description = "Plays a film under on-screen control bars.";
 constexpr const char* footer =
-    "Keys: space pauses and goes on, escape or q quits.\n"
+    "Keys: space pauses and goes on; left and right go 5 seconds; up and down change the volume, m mutes;\n"
+    "0 to 9, home and end go to a part of the film; , and . go from picture to picture; f is for full "
+    "screen,\n"
+    "which escape leaves; q quits. A file dropped on the window is played.\n"
     "Exit code: 0 when all went well; 1 when the film cannot be played or a picture not written;\n"
     "2 when there is no display or the command line is wrong.";
 constexpr const char* version = "kivplayer " KIVPLAYER_VERSION;
@@ -39,6 +44,15 @@ void parseSize(const std::string& text, Options& options) {
     }
 }
 
+// What is there gives way to the socket, and must be no file that somebody needs.
+std::string whyNoSocket(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::file_type type = std::filesystem::status(path, error).type();
+    const bool isFree =
+        type == std::filesystem::file_type::not_found || type == std::filesystem::file_type::socket;
+    return isFree ? std::string() : "'" + path + "' is taken by something that is no socket";
+}
+
 void declare(CLI::App& app, Options& options) {
     constexpr double longestTime = 1e7;
     constexpr double smallestScale = 0.5;
@@ -66,7 +80,13 @@ void declare(CLI::App& app, Options& options) {
            "Draw by OpenGL, also where the processor does its work")
         ->excludes(software);
     app.add_flag_callback(
-        "--mute", [&options] { options.sound = Options::Sound::Off; }, "Play without sound");
+        "--mute", [&options] { options.sound = Options::Sound::Muted; },
+        "Start without sound; m brings it back");
+    app.add_option(
+           "--ipc-server", options.ipcServer,
+           "Let other programs control the film and ask about it at this socket, in mpv's own protocol")
+        ->type_name("PATH")
+        ->check(CLI::Validator(whyNoSocket, ""));
     app.set_version_flag("--version", version, "Print the version and end");
     app.set_help_flag("-h,--help", "Print this text and end");
     app.footer(footer);

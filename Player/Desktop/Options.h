@@ -11,7 +11,7 @@ namespace Player {
 /// What the program was asked for on its command line.
 struct Options {
     enum class Drawing { Automatic, OpenGL, Software };
-    enum class Sound { On, Off };
+    enum class Sound { On, Muted };
 
     /// A file's path or a URL.
     std::string location;
@@ -30,6 +30,9 @@ struct Options {
     std::optional<double> scale;
     Drawing drawing = Drawing::Automatic;
     Sound sound = Sound::On;
+
+    /// The path of a socket for other programs.
+    std::optional<std::string> ipcServer;
 };
 
 /// The options, or why there is nothing to run.

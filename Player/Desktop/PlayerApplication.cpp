@@ -6,27 +6,30 @@
 #include "Player/Desktop/SoundOutput.h"
 
 #include <cctype>
-#include <filesystem>
 
 namespace Player {
 
 namespace {
 
-Desktop::DesktopWindow::Drawing drawing(Options::Drawing wanted) {
+using Drawing = Desktop::DesktopWindow::Drawing;
+
+Drawing drawing(Options::Drawing wanted) {
     switch (wanted) {
     case Options::Drawing::Automatic:
-        return Desktop::DesktopWindow::Drawing::Automatic;
+        return Drawing::Automatic;
     case Options::Drawing::OpenGL:
-        return Desktop::DesktopWindow::Drawing::OpenGL;
+        return Drawing::OpenGL;
     case Options::Drawing::Software:
-        return Desktop::DesktopWindow::Drawing::Software;
+        return Drawing::Software;
     }
-    return Desktop::DesktopWindow::Drawing::Automatic;
+    return Drawing::Automatic;
 }
 
-MpvFilm::Sound sound(Options::Sound wanted) {
-    return wanted == Options::Sound::On && hasSoundOutput() ? MpvFilm::Sound::Audible
-                                                            : MpvFilm::Sound::Silent;
+MpvPlayback::Settings playbackSettings(const Options& options) {
+    return {.start = MpvPlayback::Start::Running,
+            .sound = hasSoundOutput() ? MpvPlayback::Sound::Played : MpvPlayback::Sound::Discarded,
+            .isMuted = options.sound == Options::Sound::Muted,
+            .ipcServer = options.ipcServer};
 }
 
 // "cannot play" stands after the program's name on the error output, and alone in the window.
@@ -35,70 +38,92 @@ std::string sentence(std::string text) {
     return text + ".";
 }
 
-std::string windowTitle(const std::string& location) {
-    return isUrl(location) ? location : std::filesystem::path(location).filename().string();
-}
-
 } // namespace
 
 PlayerApplication::PlayerApplication(const Options& options)
-    : options_(options), film_(MpvFilm::Playback::Running, sound(options.sound)) {}
+    : options_(options), playback_(playbackSettings(options)) {}
 
 Exit PlayerApplication::run() {
     std::string problem;
-    window_ = Desktop::DesktopWindow::open({.title = windowTitle(options_.location),
+    title_ = nameOf(options_.location);
+    window_ = Desktop::DesktopWindow::open({.title = title_,
                                             .size = CoreGraphics::CGSizeMake(options_.width, options_.height),
                                             .scale = options_.scale,
                                             .drawing = drawing(options_.drawing)},
-                                           film_, problem);
+                                           picture_, problem);
     if (!window_) {
-        return {ExitCode::Usage, film_.failure().value_or(
+        return {ExitCode::Usage, playback_.client().failure().value_or(
                                      problem + "; start it in a graphical session, or write pictures instead "
                                                "with --snapshot DIR")};
     }
     open();
     loop_->run();
-    return {hasFailed_ ? ExitCode::Failure : ExitCode::Success, {}};
+    playback_.setWakeUp([] {});
+    return {playback_.state().error ? ExitCode::Failure : ExitCode::Success, {}};
 }
 
 void PlayerApplication::open() {
-    overlay_.emplace(window_->views());
-    window_->setResizeHandler([this] { layOut(); });
-    window_->setCloseHandler([this] { loop_->stop(); });
-    window_->setKeyHandler([this](SDL_Keycode key) { handleKey(key); });
-    loop_.emplace(runLoop_, *window_, film_, [this] { filmHasNews(); });
-    layOut();
-    film_.open(options_.location, options_.start);
+    overlay_.emplace(window_->views(), playback_, static_cast<Overlay::WindowControls&>(*this));
+    loop_.emplace(runLoop_, *window_, picture_, [this] { filmHasNews(); });
+    window_->setDelegate(this);
+    playback_.setNoticeHandler([this](const std::string& text) { tellNotice(text); });
+    playback_.setWakeUp([this] { loop_->wakeUp(); });
+    windowWasResized();
+    playback_.open(options_.location, options_.start);
     filmHasNews();
 }
 
 void PlayerApplication::filmHasNews() {
-    film_.update();
-    if (film_.failure() && !hasFailed_) {
-        hasFailed_ = true;
-        printErrorLine(*film_.failure());
-        overlay_->showMessage(sentence(*film_.failure()));
+    playback_.update();
+    const Overlay::PlaybackState& state = playback_.state();
+    if (error_ != state.error) {
+        error_ = state.error;
+        if (error_) {
+            printErrorLine(*error_);
+        }
+    }
+    if (title_ != state.title) {
+        title_ = state.title;
+        window_->setTitle(title_);
+    }
+    if (playback_.isAskedToEnd()) {
+        close();
     }
 }
 
-void PlayerApplication::layOut() {
+void PlayerApplication::tellNotice(const std::string& text) {
+    printErrorLine(text);
+    overlay_->showNotice(sentence(text));
+}
+
+void PlayerApplication::windowWasResized() {
     overlay_->hostViewWasResized();
-    film_.setBottomInset(Overlay::PlayerOverlay::bottomInset() /
-                         CoreGraphics::CGRectGetHeight(window_->views()->bounds()));
+    playback_.setBottomInset(Overlay::PlayerOverlay::bottomInset() /
+                             CoreGraphics::CGRectGetHeight(window_->views()->bounds()));
 }
 
-void PlayerApplication::handleKey(SDL_Keycode key) {
-    switch (key) {
-    case SDLK_ESCAPE:
-    case SDLK_q:
-        loop_->stop();
-        break;
-    case SDLK_SPACE:
-        film_.togglePause();
-        break;
-    default:
-        break;
-    }
+void PlayerApplication::fullScreenDidChange() { overlay_->windowDidChange(); }
+
+void PlayerApplication::windowShouldClose() { close(); }
+
+void PlayerApplication::keyWentDown(const UIKit::UIKey& key) { overlay_->handleKey(key); }
+
+void PlayerApplication::pointerMoved(const CoreGraphics::CGPoint& location) {
+    overlay_->pointerMoved(location);
 }
+
+void PlayerApplication::pointerLeft() { overlay_->pointerLeft(); }
+
+void PlayerApplication::wheelTurned(CoreGraphics::CGFloat notches) { overlay_->scrolled(notches); }
+
+void PlayerApplication::fileWasDropped(const std::string& path) { playback_.exchange(path); }
+
+bool PlayerApplication::isFullScreen() const { return window_->isFullScreen(); }
+
+void PlayerApplication::setFullScreen(bool fullScreen) { window_->setFullScreen(fullScreen); }
+
+void PlayerApplication::setPointerHidden(bool hidden) { window_->setPointerHidden(hidden); }
+
+void PlayerApplication::close() { loop_->stop(); }
 
 } // namespace Player

@@ -3,11 +3,14 @@
 #include "Hosts/Desktop/DesktopClock.h"
 #include "Hosts/Desktop/DesktopWindow.h"
 #include "Hosts/Desktop/EventLoop.h"
+#include "Hosts/Desktop/WindowDelegate.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Player/Desktop/Exit.h"
-#include "Player/Desktop/MpvFilm.h"
+#include "Player/Desktop/MpvPicture.h"
+#include "Player/Desktop/MpvPlayback.h"
 #include "Player/Desktop/Options.h"
 #include "Player/Overlay/PlayerOverlay.h"
+#include "Player/Overlay/WindowControls.h"
 
 #include <memory>
 #include <optional>
@@ -16,28 +19,44 @@
 namespace Player {
 
 /// The player in its window.
-class PlayerApplication {
+class PlayerApplication : private Desktop::WindowDelegate, private Overlay::WindowControls {
 public:
     explicit PlayerApplication(const Options& options);
 
-    /// Plays until the window is closed. A film that can't be played is told on the error output and in the
-    /// window.
+    /// Plays until the window is closed. What can't be played is told on the error output and in the window.
     Exit run();
 
 private:
     void open();
     void filmHasNews();
-    void layOut();
-    void handleKey(SDL_Keycode key);
+    void tellNotice(const std::string& text);
+
+    void windowWasResized() override;
+    void fullScreenDidChange() override;
+    void windowShouldClose() override;
+    void keyWentDown(const UIKit::UIKey& key) override;
+    void pointerMoved(const CoreGraphics::CGPoint& location) override;
+    void pointerLeft() override;
+    void wheelTurned(CoreGraphics::CGFloat notches) override;
+    void fileWasDropped(const std::string& path) override;
+
+    bool isFullScreen() const override;
+    void setFullScreen(bool fullScreen) override;
+    void setPointerHidden(bool hidden) override;
+    void close() override;
 
     Options options_;
     Desktop::DesktopClock clock_;
     Foundation::NSRunLoop runLoop_{clock_};
-    MpvFilm film_;
+    MpvPlayback playback_;
+    MpvPicture picture_{playback_.client()};
     std::unique_ptr<Desktop::DesktopWindow> window_;
     std::optional<Overlay::PlayerOverlay> overlay_;
     std::optional<Desktop::EventLoop> loop_;
-    bool hasFailed_ = false;
+
+    // What was told last.
+    std::optional<std::string> error_;
+    std::string title_;
 };
 
 } // namespace Player

@@ -1,15 +1,17 @@
 #include "Player/Desktop/Snapshot.h"
 
 #include "Hosts/Desktop/CairoResources.h"
-#include "Hosts/Desktop/DesktopClock.h"
 #include "Hosts/Desktop/FilmPixels.h"
 #include "Hosts/Desktop/OverlaySurface.h"
+#include "Hosts/Headless/VirtualClock.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/UIKit/UIWindow.h"
-#include "Player/Desktop/MpvFilm.h"
+#include "Player/Desktop/MpvPicture.h"
+#include "Player/Desktop/MpvPlayback.h"
 #include "Player/Desktop/Options.h"
 #include "Player/Desktop/WakeUpSignal.h"
 #include "Player/Overlay/PlayerOverlay.h"
+#include "Player/Overlay/WindowControls.h"
 
 #include <cerrno>
 #include <cmath>
@@ -43,32 +45,54 @@ Problem prepareFolder(const std::string& folder) {
     return std::nullopt;
 }
 
-Problem drawFilm(const Options& options, const FilmPixels& pixels) {
+// True once the place asked for is reached and its picture, if there is any, was drawn.
+bool isReady(const MpvPlayback& playback, const MpvPicture& picture) {
+    const MpvClient& client = playback.client();
+    const bool hasPicture = client.number("vid").has_value();
+    return playback.isAtStart() && (hasPicture ? picture.hasDrawn() : hasDecodedAnything(client));
+}
+
+Problem drawFilm(const Options& options, MpvPlayback& playback, const FilmPixels& pixels) {
     WakeUpSignal signal;
-    MpvFilm film(MpvFilm::Playback::Paused, MpvFilm::Sound::Silent);
-    film.setWakeUp([&signal] { signal.raise(); });
-    film.startMemory();
-    film.setBottomInset(Overlay::PlayerOverlay::bottomInset() / options.height);
-    film.open(options.location, options.start);
-    while (!film.failure() && !film.isReady()) {
+    MpvPicture picture(playback.client());
+    playback.setWakeUp([&signal] { signal.raise(); });
+    picture.setWakeUp([&signal] { signal.raise(); });
+    picture.startMemory();
+    playback.setBottomInset(Overlay::PlayerOverlay::bottomInset() / options.height);
+    playback.open(options.location, options.start);
+    playback.update();
+    while (!playback.state().error && !isReady(playback, picture)) {
         signal.wait();
-        film.update();
-        if (film.hasNewFrame()) {
-            film.drawIntoMemory(pixels.buffer());
+        playback.update();
+        if (picture.hasNewFrame()) {
+            picture.drawIntoMemory(pixels.buffer());
         }
     }
     cairo_surface_mark_dirty(pixels.surface());
-    return film.failure();
+    playback.refresh();
+    playback.setWakeUp([] {});
+    return playback.state().error;
 }
 
-void drawOverlay(const Options& options, double scale, Desktop::OverlaySurface& surface) {
-    const Desktop::DesktopClock clock;
+/// There is no window around a picture.
+class NoWindow : public Overlay::WindowControls {
+public:
+    bool isFullScreen() const override { return false; }
+    void setFullScreen(bool /*fullScreen*/) override {}
+    void setPointerHidden(bool /*hidden*/) override {}
+    void close() override {}
+};
+
+void drawOverlay(const Options& options, double scale, MpvPlayback& playback,
+                 Desktop::OverlaySurface& surface) {
+    const Headless::VirtualClock clock;
     Foundation::NSRunLoop runLoop(clock);
-    const auto window =
+    const auto views =
         Foundation::make<UIKit::UIWindow>(CoreGraphics::CGRectMake(0.0, 0.0, options.width, options.height));
-    window->setContentScale(scale);
-    const Overlay::PlayerOverlay overlay(window);
-    surface.draw(*window);
+    views->setContentScale(scale);
+    NoWindow window;
+    const Overlay::PlayerOverlay overlay(views, playback, window);
+    surface.draw(*views);
 }
 
 CairoSurface compose(const FilmPixels& film, const Desktop::OverlaySurface& overlay) {
@@ -102,12 +126,15 @@ Problem writePictures(const Options& options) {
     const PixelSize size{static_cast<int>(std::lround(options.width * scale)),
                          static_cast<int>(std::lround(options.height * scale))};
     const FilmPixels film(size);
-    if (Problem problem = drawFilm(options, film)) {
+    MpvPlayback playback({.start = MpvPlayback::Start::Paused,
+                          .sound = MpvPlayback::Sound::Discarded,
+                          .ipcServer = options.ipcServer});
+    if (Problem problem = drawFilm(options, playback, film)) {
         return problem;
     }
     Desktop::CairoResources resources;
     Desktop::OverlaySurface overlay(size, scale, resources);
-    drawOverlay(options, scale, overlay);
+    drawOverlay(options, scale, playback, overlay);
     const CairoSurface both = compose(film, overlay);
     for (const auto& [surface, name] :
          {std::pair(film.surface(), "film.png"), std::pair(overlay.surface(), "overlay.png"),

@@ -55,7 +55,7 @@ void drawTurningArrow(CGContext& context) {
     CGPath turn;
     turn.addArc(center, radius, -pi / 2.0, pi);
     context.strokePath(turn, line, white);
-    fillSoftly(context, polygon({{12.0, 3.5}, {12.0, 8.5}, {8.5, 6.0}}));
+    fillSoftly(context, polygon({{11.0, 3.5}, {11.0, 8.5}, {7.5, 6.0}}));
 }
 
 void mirror(CGContext& context) { context.concatenate({-1.0, 0.0, 0.0, 1.0, iconSize.width, 0.0}); }
@@ -114,7 +114,7 @@ CGPath gear() {
 
 Icon playIcon() {
     static const Icon icon = recorded([](CGContext& context) {
-        fillSoftly(context, polygon({{8.0, 5.0}, {19.0, 12.0}, {8.0, 19.0}}));
+        fillSoftly(context, polygon({{9.0, 5.0}, {19.0, 12.0}, {9.0, 19.0}}));
     });
     return icon;
 }

@@ -3,6 +3,7 @@
 #include "Platform/CoreGraphics/CGPath.h"
 #include "Platform/UIKit/UIImage.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -56,6 +57,72 @@ TEST_P(AnyIcon, DrawsLinesOfTheSameWidth) {
     for (const CGDrawing::Operation& operation : drawing().operations()) {
         if (const auto* stroke = std::get_if<CGDrawing::StrokePath>(&operation)) {
             EXPECT_EQ(stroke->stroke, (CGStroke{2.0, CGLineCap::Round, CGLineJoin::Round}));
+        }
+    }
+}
+
+bool isEven(CGFloat value) { return std::fmod(value, 2.0) == 0.0; }
+
+bool isSharpLine(const CGPoint& from, const CGPoint& to, CGFloat width) {
+    return (from.x != to.x || isEven(from.x + width / 2.0)) &&
+           (from.y != to.y || isEven(from.y + width / 2.0));
+}
+
+/// Whether the lines of a path that run along an axis have their outer edges on even points.
+bool hasSharpLines(const CGPath& path, CGFloat width) {
+    CGPoint start;
+    CGPoint current;
+    for (const CGPath::Element& element : path.elements()) {
+        const CGPoint from = current;
+        switch (element.verb) {
+        case CGPath::Verb::Move:
+            start = element.points[0];
+            current = start;
+            continue;
+        case CGPath::Verb::Curve:
+            current = element.points[2];
+            continue;
+        case CGPath::Verb::Line:
+            current = element.points[0];
+            break;
+        case CGPath::Verb::Close:
+            current = start;
+            break;
+        }
+        if (from != current && !isSharpLine(from, current, width)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+TEST(SharpLines, AreToldFromBlurredOnes) {
+    CGPath sharp;
+    sharp.addLine({5.0, 5.0});
+    sharp.addLine({5.0, 9.0});
+    sharp.addLine({8.0, 12.0});
+    EXPECT_TRUE(hasSharpLines(sharp, 2.0));
+    CGPath blurred = sharp;
+    blurred.addLine({10.0, 12.0});
+    EXPECT_FALSE(hasSharpLines(blurred, 2.0));
+    CGPath closed;
+    closed.addLine({8.0, 5.0});
+    closed.addLine({19.0, 12.0});
+    closed.addLine({8.0, 19.0});
+    EXPECT_TRUE(hasSharpLines(closed, 2.0));
+    closed.closeSubpath();
+    EXPECT_FALSE(hasSharpLines(closed, 2.0));
+}
+
+// At one and a half pixels a point, an even number of points is a whole number of pixels.
+TEST_P(AnyIcon, HasItsStraightEdgesOnEvenPoints) {
+    for (const CGDrawing::Operation& operation : drawing().operations()) {
+        if (const auto* stroke = std::get_if<CGDrawing::StrokePath>(&operation)) {
+            EXPECT_TRUE(hasSharpLines(stroke->path, stroke->stroke.width));
+        }
+        if (const auto* fill = std::get_if<CGDrawing::FillRoundedRect>(&operation)) {
+            EXPECT_TRUE(isEven(CGRectGetMinX(fill->rect)) && isEven(CGRectGetMaxX(fill->rect)));
+            EXPECT_TRUE(isEven(CGRectGetMinY(fill->rect)) && isEven(CGRectGetMaxY(fill->rect)));
         }
     }
 }

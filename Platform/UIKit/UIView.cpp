@@ -244,11 +244,15 @@ void UIView::removeFromSuperview() {
     if (const std::shared_ptr<UIWindow> touched = window()) {
         touched->cancelTouchesIn(*this);
     }
+    const std::shared_ptr<UIWindow> left = window();
     const bool wasInWindow = containingWindow() != nullptr;
     invalidateExtent();
     detach();
     if (wasInWindow) {
         notifyMovedToWindow();
+    }
+    if (left) {
+        left->removeModalViewsOf(*this);
     }
 }
 
@@ -414,6 +418,8 @@ bool UIView::keyPressed(const UIKey& /*key*/) { return false; }
 // Drawing
 
 void UIView::drawRect(CGContext& /*context*/, const CGRect& /*rect*/) {}
+
+void UIView::clip(CGContext& context) const { context.clipToRect(presentedBounds()); }
 
 void UIView::setNeedsDisplay() { invalidateRect(presentedGeometry().bounds()); }
 

@@ -168,6 +168,10 @@ protected:
     /// around it is transformed.
     CoreGraphics::CGRect alignedToPixels(const CoreGraphics::CGRect& rect) const;
 
+    /// Cuts off what is outside, where `clipsToBounds`: a rectangle unless a subclass has another shape. Must
+    /// change nothing but the clip.
+    virtual void clip(CoreGraphics::CGContext& context) const;
+
     /// A number that a subclass animates: what it shows at present, given its model value.
     double presentedValue(double model) const;
 

@@ -146,20 +146,31 @@ bool UIWindow::sendKey(const UIKey& key) {
     return modal && offerKey(modal, key);
 }
 
-void UIWindow::addModalView(const std::shared_ptr<UIView>& view) {
+void UIWindow::addModalView(const std::shared_ptr<UIView>& view, const std::shared_ptr<UIView>& owner) {
+    std::erase_if(modalViews_, [](const ModalView& each) { return each.view.expired(); });
+    modalViews_.push_back({view, owner});
     addSubview(view);
-    std::erase_if(modalViews_, [](const std::weak_ptr<UIView>& each) { return each.expired(); });
-    modalViews_.push_back(view);
 }
 
 std::shared_ptr<UIView> UIWindow::modalView() const {
     for (auto each = modalViews_.rbegin(); each != modalViews_.rend(); ++each) {
-        const std::shared_ptr<UIView> view = each->lock();
-        if (view && view->superview().get() == this) {
+        const std::shared_ptr<UIView> view = each->view.lock();
+        if (view && view->superview().get() == this && view->isUserInteractionEnabled()) {
             return view;
         }
     }
     return nullptr;
+}
+
+void UIWindow::removeModalViewsOf(const UIView& subtree) {
+    const std::vector<ModalView> snapshot = modalViews_;
+    for (const ModalView& each : snapshot) {
+        const std::shared_ptr<UIView> view = each.view.lock();
+        const std::shared_ptr<UIView> owner = each.owner.lock();
+        if (view && owner && view->superview().get() == this && owner->isDescendantOfView(subtree)) {
+            view->removeFromSuperview();
+        }
+    }
 }
 
 void UIWindow::setContentScale(CGFloat scale) {

@@ -35,10 +35,11 @@ public:
     /// while there is no such view.
     bool sendKey(const UIKey& key);
 
-    /// Puts `view` over all others and in front of them for keys and the wheel, until it is taken out.
-    void addModalView(const std::shared_ptr<UIView>& view);
+    /// Puts `view` over all others and in front of them for keys and the wheel, until it is taken out or
+    /// takes no touches any more. It is taken out when `owner`, another view in this window, is.
+    void addModalView(const std::shared_ptr<UIView>& view, const std::shared_ptr<UIView>& owner);
 
-    /// The modal view that was added last; nothing when there is none.
+    /// The modal view on top; nothing when there is none.
     std::shared_ptr<UIView> modalView() const;
 
     /// True while anything that is visible differs from what was drawn last.
@@ -71,7 +72,13 @@ private:
         std::weak_ptr<UIView> view;
     };
 
+    struct ModalView {
+        std::weak_ptr<UIView> view;
+        std::weak_ptr<UIView> owner;
+    };
+
     void damage(const CoreGraphics::CGRect& rect);
+    void removeModalViewsOf(const UIView& subtree);
     void cancelTouchesIn(const UIView& subtree);
     std::vector<Capture>::iterator findCapture(UITouchIdentifier identifier);
     void cancel(std::vector<Capture>::iterator found);
@@ -80,7 +87,7 @@ private:
     CoreGraphics::CGFloat contentScale_ = 1.0;
     DamageRegion damage_;
     std::vector<Capture> captures_;
-    std::vector<std::weak_ptr<UIView>> modalViews_;
+    std::vector<ModalView> modalViews_;
 };
 
 } // namespace UIKit

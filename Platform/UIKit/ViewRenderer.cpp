@@ -35,7 +35,7 @@ void ViewRenderer::draw(UIView& view, const CGRect& dirty, const CGRect& dirtyCo
 void ViewRenderer::drawContents(UIView& view, const CGRect& dirty, const CGRect& dirtyContent) {
     const CGRect bounds = view.presentedBounds();
     if (view.clipsToBounds_) {
-        context_.clipToRect(bounds);
+        view.clip(context_);
     }
     if (!CGRectIsEmpty(dirtyContent)) {
         drawBackground(view, bounds);

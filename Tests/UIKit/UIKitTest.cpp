@@ -7,7 +7,9 @@ namespace {
 TEST(UIKitTest, EveryClassIsKnownByName) {
     for (const char* name :
          {"UIKit.UIButton", "UIKit.UIColor", "UIKit.UIControl", "UIKit.UIFont", "UIKit.UIImage",
-          "UIKit.UILabel", "UIKit.UISlider", "UIKit.UIView", "UIKit.UIWindow"}) {
+          "UIKit.UIImageView", "UIKit.UILabel", "UIKit.UIPopoverPresentationController",
+          "UIKit.UIPresentationController", "UIKit.UISlider", "UIKit.UITableView", "UIKit.UITableViewCell",
+          "UIKit.UIView", "UIKit.UIViewController", "UIKit.UIWindow"}) {
         const Foundation::Class* found = Foundation::Class::named(name);
         ASSERT_NE(found, nullptr) << name;
         EXPECT_EQ(found->name(), name);

@@ -23,7 +23,7 @@ protected:
     }
 
     void present() {
-        window.addModalView(modal);
+        window.addModalView(modal, outer);
         log.clear();
     }
 
@@ -130,7 +130,7 @@ TEST_F(UIWindowInputTest, OfTwoModalViewsTheLaterOneIsInFrontUntilItGoes) {
     present();
     const auto second = makeProbe(CGRectMake(0, 0, 60, 100), "second ");
     second->log = outer->log;
-    window.addModalView(second);
+    window.addModalView(second, outer);
     EXPECT_EQ(window.modalView(), second);
     log.clear();
     window.sendKey(key);
@@ -149,6 +149,33 @@ TEST_F(UIWindowInputTest, AModalViewIsNotHeldByMoreThanTheTree) {
     modal = nullptr;
     EXPECT_TRUE(weak.expired());
     EXPECT_EQ(window.modalView(), nullptr);
+}
+
+TEST_F(UIWindowInputTest, AModalViewThatTakesNoTouchesIsModalNoLonger) {
+    present();
+    modal->setUserInteractionEnabled(false);
+    EXPECT_FALSE(window.sendKey(key));
+    EXPECT_FALSE(window.sendScroll({10, 10}, {0, 1}));
+    EXPECT_EQ(log, Log{"outer scrolled 1"});
+}
+
+TEST_F(UIWindowInputTest, AModalViewGoesWithItsOwner) {
+    const auto owner = makeProbe(CGRectMake(0, 0, 10, 10), "owner ");
+    inner->addSubview(owner);
+    window.addModalView(modal, owner);
+    modalInner->removeFromSuperview();
+    EXPECT_EQ(window.modalView(), modal);
+    outer->removeFromSuperview();
+    EXPECT_EQ(modal->superview(), nullptr);
+    EXPECT_EQ(window.modalView(), nullptr);
+}
+
+TEST_F(UIWindowInputTest, AModalViewStaysWhenItsOwnerIsMerelyGone) {
+    auto owner = makeProbe(CGRectMake(0, 0, 10, 10), "owner ");
+    window.addModalView(modal, owner);
+    owner = nullptr;
+    inner->removeFromSuperview();
+    EXPECT_EQ(window.modalView(), modal);
 }
 
 TEST_F(UIWindowInputTest, AModalViewThatIsPutElsewhereIsModalNoLonger) {

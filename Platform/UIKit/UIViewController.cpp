@@ -1,0 +1,185 @@
+#include "Platform/UIKit/UIViewController.h"
+
+#include "Platform/Foundation/ClassBuilder.h"
+#include "Platform/Foundation/FatalError.h"
+#include "Platform/Foundation/NSBundle.h"
+#include "Platform/Foundation/NSCoder.h"
+#include "Platform/UIKit/UIPopoverPresentationController.h"
+#include "Platform/UIKit/UIWindow.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace UIKit {
+
+using namespace CoreGraphics;
+
+namespace {
+
+bool warn(const UIViewController& presented, const UIViewController& presenting, const char* why) {
+    const std::string line = "Warning: attempt to present '" + presented.isa().name() + "' over '" +
+                             presenting.isa().name() + "' " + why + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
+    return false;
+}
+
+} // namespace
+
+const Foundation::Class& UIViewController::classObject() {
+    static const Foundation::Class& object =
+        Foundation::ClassBuilder<UIViewController, NSObject>("UIKit.UIViewController")
+            .initializer<const std::optional<std::string>&, const std::shared_ptr<Foundation::NSBundle>&>(
+                "initWithNibName:bundle:")
+            .initializer<const std::shared_ptr<Foundation::NSCoder>&>("initWithCoder:")
+            .property<&UIViewController::view, &UIViewController::setView>("view")
+            .property<&UIViewController::isViewLoaded>("viewLoaded")
+            .method<&UIViewController::loadView>("loadView")
+            .method<&UIViewController::viewDidLoad>("viewDidLoad")
+            .property<&UIViewController::modalPresentationStyle,
+                      &UIViewController::setModalPresentationStyle>("modalPresentationStyle")
+            .property<&UIViewController::preferredContentSize, &UIViewController::setPreferredContentSize>(
+                "preferredContentSize")
+            .property<&UIViewController::popoverPresentationController>("popoverPresentationController")
+            .method<&UIViewController::presentViewController>("presentViewController:animated:completion:")
+            .method<&UIViewController::dismissViewControllerAnimated>(
+                "dismissViewControllerAnimated:completion:")
+            .property<&UIViewController::presentedViewController>("presentedViewController")
+            .property<&UIViewController::presentingViewController>("presentingViewController")
+            .build();
+    return object;
+}
+
+bool UIViewController::init() { return init(std::nullopt, nullptr); }
+
+bool UIViewController::init(const std::optional<std::string>& /*nibName*/,
+                            const std::shared_ptr<Foundation::NSBundle>& /*bundle*/) {
+    return NSObject::init();
+}
+
+bool UIViewController::init(const std::shared_ptr<Foundation::NSCoder>& /*coder*/) {
+    return NSObject::init();
+}
+
+void UIViewController::dealloc() {
+    if (const std::shared_ptr<UIViewController> presented = std::exchange(presentedViewController_, {})) {
+        presented->runningPresentation()->end();
+    }
+    NSObject::dealloc();
+}
+
+// The root view
+
+std::shared_ptr<UIView> UIViewController::view() {
+    if (!view_ && !isLoadingView_) {
+        const std::shared_ptr<UIViewController> alive = self(this);
+        isLoadingView_ = true;
+        loadView();
+        isLoadingView_ = false;
+        if (view_) {
+            viewDidLoad();
+        }
+    }
+    return view_;
+}
+
+void UIViewController::setView(const std::shared_ptr<UIView>& view) { std::shared_ptr(view).swap(view_); }
+
+void UIViewController::loadView() { setView(Foundation::make<UIView>()); }
+
+void UIViewController::viewDidLoad() {}
+
+// Presentation
+
+UIModalPresentationStyle UIViewController::modalPresentationStyle() const { return modalPresentationStyle_; }
+
+void UIViewController::setModalPresentationStyle(UIModalPresentationStyle style) {
+    modalPresentationStyle_ = style;
+}
+
+CGSize UIViewController::preferredContentSize() const { return preferredContentSize_; }
+
+void UIViewController::setPreferredContentSize(const CGSize& size) {
+    preferredContentSize_ = size;
+    if (const std::shared_ptr<UIPresentationController> shown = presentationController_) {
+        shown->layOut();
+    }
+}
+
+std::shared_ptr<UIPopoverPresentationController> UIViewController::popoverPresentationController() {
+    return modalPresentationStyle() == UIModalPresentationStyle::Popover
+               ? Foundation::as<UIPopoverPresentationController>(presentationController())
+               : nullptr;
+}
+
+// One in use stays, whatever style is set meanwhile.
+const std::shared_ptr<UIPresentationController>& UIViewController::presentationController() {
+    const bool isPopover = modalPresentationStyle() == UIModalPresentationStyle::Popover;
+    const bool isOfStyle =
+        presentationController_ &&
+        isPopover ==
+            static_cast<bool>(Foundation::as<UIPopoverPresentationController>(presentationController_));
+    if (!isOfStyle && !(presentationController_ && presentationController_->isInUse())) {
+        presentationController_ = isPopover ? Foundation::make<UIPopoverPresentationController>(self(this))
+                                            : Foundation::make<UIPresentationController>(self(this));
+    }
+    return presentationController_;
+}
+
+void UIViewController::presentViewController(const std::shared_ptr<UIViewController>& controller,
+                                             bool animated, std::function<void()> completion) {
+    if (!controller) {
+        Foundation::fatalError("Presenting no view controller over '" + isa().name() + "'");
+    }
+    const std::shared_ptr<UIViewController> alive = self(this);
+    const std::shared_ptr<UIViewController> presented = controller;
+    endDismissal(presentedViewController_);
+    endDismissal(presented);
+    if (!mayPresent(*presented)) {
+        return;
+    }
+    presentedViewController_ = presented;
+    presented->presentingViewController_ = alive;
+    const std::shared_ptr<UIPresentationController> presentation = presented->presentationController();
+    presentation->present(alive, animated, std::move(completion));
+}
+
+bool UIViewController::mayPresent(const UIViewController& controller) const {
+    if (presentedViewController_) {
+        return warn(controller, *this, "which is presenting already");
+    }
+    if (&controller == this || controller.presentingViewController()) {
+        return warn(controller, *this, "which is presented already");
+    }
+    if (!view_ || !view_->window()) {
+        return warn(controller, *this, "whose view is in no window");
+    }
+    return true;
+}
+
+std::shared_ptr<UIPresentationController> UIViewController::runningPresentation() const {
+    return dismissedController_ ? dismissedController_ : presentationController_;
+}
+
+void UIViewController::endDismissal(const std::shared_ptr<UIViewController>& presented) {
+    const std::shared_ptr<UIPresentationController> dismissed =
+        presented ? presented->dismissedController_ : nullptr;
+    if (dismissed) {
+        dismissed->end();
+    }
+}
+
+void UIViewController::dismissViewControllerAnimated(bool animated, std::function<void()> completion) {
+    const std::shared_ptr<UIViewController> alive = self(this);
+    const std::shared_ptr<UIViewController> presented = presentedViewController_ ? presentedViewController_
+                                                        : presentingViewController() ? alive
+                                                                                     : nullptr;
+    const std::shared_ptr<UIPresentationController> presentation =
+        presented ? presented->runningPresentation() : nullptr;
+    if (presentation) {
+        presentation->dismiss(animated, std::move(completion));
+    } else if (completion) {
+        UIPresentationController::callSoon(std::move(completion));
+    }
+}
+
+} // namespace UIKit

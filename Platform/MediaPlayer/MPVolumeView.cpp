@@ -18,6 +18,9 @@ namespace {
 // Wide enough for a finger even where it is drawn at four fifths, as in a bar.
 constexpr CGSize fittingSize{55.0, 32.0};
 
+// Above and below, touches are taken further: up to the whole height of a bar.
+constexpr CGFloat reach = 9.0;
+
 std::vector<std::weak_ptr<MPVolumeView>>& allViews() {
     static std::vector<std::weak_ptr<MPVolumeView>> views;
     return views;
@@ -62,7 +65,7 @@ bool MPVolumeView::init(const CGRect& frame) {
     if (!UIView::init(frame)) {
         return false;
     }
-    button_ = Foundation::make<UIKit::UIButton>(bounds());
+    button_ = Foundation::make<UIKit::UIButton>(CGRectInset(bounds(), 0.0, -reach));
     button_->setImage(routeImage(), UIKit::UIControlStateNormal);
     button_->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth |
                                  UIKit::UIViewAutoresizingFlexibleHeight);
@@ -95,7 +98,7 @@ bool MPVolumeView::isRouteButtonVisible() const { return !button_->isHidden(); }
 CGSize MPVolumeView::sizeThatFits(const CGSize& /*size*/) const { return fittingSize; }
 
 bool MPVolumeView::pointInside(const CGPoint& point) const {
-    return isRouteButtonVisible() && UIView::pointInside(point);
+    return isRouteButtonVisible() && CGRectContainsPoint(button_->frame(), point);
 }
 
 void MPVolumeView::updateAll() {

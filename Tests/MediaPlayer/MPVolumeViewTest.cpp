@@ -196,6 +196,19 @@ TEST_F(MPVolumeViewTest, AShrunkButtonIsTouchedWhereItShows) {
     EXPECT_EQ(provider->askedFrom.size(), 1U);
 }
 
+TEST_F(MPVolumeViewTest, AShrunkButtonTakesTouchesAllOverTheHeightOfABar) {
+    provider->setRoutes({here, kitchen});
+    auto fitted = make<MPVolumeView>();
+    fitted->sizeToFit();
+    fitted->setTransform(CGAffineTransformMakeScale(0.8, 0.8));
+    const CGRect shrunk = fitted->frame();
+    for (const double distance : {-19.5, 19.5}) {
+        const double y = fitted->bounds().size.height / 2.0 + distance / 0.8;
+        EXPECT_TRUE(fitted->pointInside({shrunk.size.width / 2.0, y})) << distance;
+    }
+    EXPECT_FALSE(fitted->pointInside({shrunk.size.width / 2.0, -10.0}));
+}
+
 TEST_F(MPVolumeViewTest, CanBeReachedByName) {
     const Foundation::Class* found = Foundation::Class::named("MediaPlayer.MPVolumeView");
     ASSERT_NE(found, nullptr);

@@ -22,6 +22,6 @@ int main(int argc, char** argv) {
         return 2;
     }
     using Reporter = Benchmarks::ComparisonReporter;
-    Reporter reporter(isatty(STDOUT_FILENO) != 0 ? Reporter::OO_Color : Reporter::OO_None);
+    Reporter reporter(isatty(STDOUT_FILENO) != 0 ? Reporter::OO_ColorTabular : Reporter::OO_Tabular);
     benchmark::RunSpecifiedBenchmarks(&reporter);
 }

@@ -1,11 +1,15 @@
 #include "Platform/UIKit/AnimationGroup.h"
 
-#include "Platform/UIKit/UIView.h"
-
-#include <algorithm>
 #include <utility>
 
 namespace UIKit {
+
+namespace {
+
+// A bar and its slots.
+constexpr std::size_t usualViews = 8;
+
+} // namespace
 
 AnimationGroup::AnimationGroup(double start, double duration, AnimationCurve curve,
                                std::function<void(bool)> completion)
@@ -19,15 +23,15 @@ void AnimationGroup::moveTo(double now) {
     }
 }
 
-void AnimationGroup::add(const std::shared_ptr<UIView>& view) {
+void AnimationGroup::add(std::weak_ptr<Foundation::NSObject> view) {
     ++changes_;
-    const bool isKnown =
-        std::any_of(views_.begin(), views_.end(), [&view](const std::weak_ptr<UIView>& each) {
-            return !each.owner_before(view) && !view.owner_before(each);
-        });
-    if (!isKnown) {
-        views_.push_back(view);
+    if (views_.empty()) {
+        views_.reserve(usualViews);
+    } else if (const std::weak_ptr<Foundation::NSObject>& last = views_.back();
+               !last.owner_before(view) && !view.owner_before(last)) {
+        return;
     }
+    views_.push_back(std::move(view));
 }
 
 void AnimationGroup::interrupt() {

@@ -7,9 +7,11 @@
 #include <memory>
 #include <vector>
 
-namespace UIKit {
+namespace Foundation {
+class NSObject;
+}
 
-class UIView;
+namespace UIKit {
 
 /// One call of animateWithDuration: the time that its changes take, and what is called when they have
 /// arrived.
@@ -31,13 +33,17 @@ public:
     double progress() const { return progress_; }
 
     /// One more change, of a property of `view`.
-    void add(const std::shared_ptr<UIView>& view);
+    void add(std::weak_ptr<Foundation::NSObject> view);
 
     /// One of the changes ends early: another one took the property over, or its view is gone.
     void interrupt();
 
-    /// Each view that changes were added for, also where these have ended since.
-    const std::vector<std::weak_ptr<UIView>>& views() const { return views_; }
+    /// True while any change is on its way.
+    bool hasChanges() const { return changes_ > 0; }
+
+    /// The views that changes were added for, also where these have ended since. One that had others between
+    /// its own comes again: telling takes less than searching.
+    const std::vector<std::weak_ptr<Foundation::NSObject>>& views() const { return views_; }
 
     /// Calls the completion, the first time only.
     void complete();
@@ -48,7 +54,7 @@ private:
     AnimationCurve curve_;
     std::function<void(bool)> completion_;
     double progress_ = 0.0;
-    std::vector<std::weak_ptr<UIView>> views_;
+    std::vector<std::weak_ptr<Foundation::NSObject>> views_;
     std::size_t changes_ = 0;
     bool isInterrupted_ = false;
 };

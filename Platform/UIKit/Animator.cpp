@@ -11,6 +11,8 @@
 
 namespace UIKit {
 
+using Foundation::NSObject;
+
 namespace {
 
 // Empty outside every animations closure. One for all loops: closures nest on the one thread, whatever the
@@ -86,8 +88,8 @@ void Animator::invalidateRunning(double now) {
         if (!group->isRunning(now)) {
             continue;
         }
-        for (const std::weak_ptr<UIView>& each : group->views()) {
-            const std::shared_ptr<UIView> view = each.lock();
+        for (const std::weak_ptr<NSObject>& each : group->views()) {
+            const auto view = std::static_pointer_cast<UIView>(each.lock());
             if (view && view->animations_.hasAnyOf(*group)) {
                 view->invalidateExtent();
             }
@@ -100,8 +102,10 @@ void Animator::finishOver(double now) {
     std::vector<std::shared_ptr<AnimationGroup>> over;
     std::copy_if(groups_.begin(), groups_.end(), std::back_inserter(over), isOver);
     std::erase_if(groups_, isOver);
-    std::stable_sort(over.begin(), over.end(),
-                     [](const auto& a, const auto& b) { return a->end() < b->end(); });
+    if (over.size() > 1) {
+        std::stable_sort(over.begin(), over.end(),
+                         [](const auto& a, const auto& b) { return a->end() < b->end(); });
+    }
 
     for (const std::shared_ptr<AnimationGroup>& group : over) {
         finish(*group);
@@ -113,8 +117,11 @@ void Animator::finishOver(double now) {
 }
 
 void Animator::finish(const AnimationGroup& group) {
-    for (const std::weak_ptr<UIView>& each : group.views()) {
-        if (const std::shared_ptr<UIView> view = each.lock()) {
+    if (!group.hasChanges()) {
+        return;
+    }
+    for (const std::weak_ptr<NSObject>& each : group.views()) {
+        if (const auto view = std::static_pointer_cast<UIView>(each.lock())) {
             view->animations_.finish(group);
         }
     }

@@ -39,6 +39,15 @@ void DamageRegion::add(const CGRect& rect) {
     }
 }
 
+bool DamageRegion::contains(const CGRect& rect) const {
+    for (std::size_t index = 0; index < count_; ++index) {
+        if (CGRectContainsRect(rects_[index], rect)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 void DamageRegion::joinCheapestPair() {
     std::size_t first = 0;
     std::size_t second = 1;

@@ -15,6 +15,9 @@ public:
     void add(const CoreGraphics::CGRect& rect);
     void clear() { count_ = 0; }
 
+    /// True when one of the rectangles covers all of `rect`.
+    bool contains(const CoreGraphics::CGRect& rect) const;
+
     bool isEmpty() const { return count_ == 0; }
     std::span<const CoreGraphics::CGRect> rects() const { return {rects_.data(), count_}; }
 

@@ -45,8 +45,12 @@ bool PropertyAnimations::start(AnimatedProperty property, const AnimatedValues& 
         present->to = to;
         return false;
     }
-    interrupt(property);
-    animations_.push_back({property, from, to, group});
+    if (present != animations_.end()) {
+        present->group->interrupt();
+        *present = {property, from, to, group};
+    } else {
+        animations_.push_back({property, from, to, group});
+    }
     return true;
 }
 

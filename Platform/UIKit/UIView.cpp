@@ -98,6 +98,10 @@ void UIView::dealloc() {
 CGRect UIView::frame() const { return geometry_.frame(); }
 
 void UIView::setFrame(const CGRect& frame) {
+    if (!geometry_.isTransformed()) {
+        setBox(frame);
+        return;
+    }
     ViewGeometry geometry = geometry_;
     geometry.setFrame(frame);
     setGeometry(geometry);
@@ -143,7 +147,20 @@ void UIView::setGeometry(const ViewGeometry& geometry) {
     }
 }
 
+void UIView::setBox(const CGRect& box) {
+    const CGSize oldSize = geometry_.box().size;
+    if (box != geometry_.box()) {
+        change(AnimatedProperty::Box, [&] { geometry_.setBox(box); });
+    }
+    if (oldSize != geometry_.box().size) {
+        resizeSubviews(oldSize);
+    }
+}
+
 void UIView::resizeSubviews(const CGSize& oldSize) {
+    if (subviews_.empty()) {
+        return;
+    }
     const CGSize newSize = geometry_.box().size;
     const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
     for (const std::shared_ptr<UIView>& subview : subviews) {
@@ -476,20 +493,26 @@ void UIView::animateWithDuration(double duration, double delay, UIViewAnimationO
 
 template <class Change>
 void UIView::change(AnimatedProperty property, Change&& change) {
-    const AnimatedValues from = presentedValues(property);
-    invalidateExtent();
-    change();
-    recordChange(property, from, modelValues(property));
-    invalidateExtent();
+    if (Animator::recordingGroup()) {
+        // Nothing that is shown changes before the animation moves on.
+        const AnimatedValues from = presentedValues(property);
+        change();
+        recordChange(property, from, modelValues(property));
+    } else {
+        invalidateExtent();
+        change();
+        animations_.interrupt(property);
+        invalidateExtent();
+    }
 }
 
 void UIView::recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to) {
     const std::shared_ptr<AnimationGroup>& group = Animator::recordingGroup();
-    const std::shared_ptr<NSObject> alive = group ? weak_from_this().lock() : nullptr;
-    if (!alive) {
+    std::weak_ptr<NSObject> present = weak_from_this();
+    if (!group || present.expired()) {
         animations_.interrupt(property);
     } else if (animations_.start(property, from, to, group)) {
-        group->add(std::static_pointer_cast<UIView>(alive));
+        group->add(std::move(present));
     }
 }
 

@@ -199,6 +199,7 @@ private:
     void recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to);
 
     void setGeometry(const ViewGeometry& geometry);
+    void setBox(const CoreGraphics::CGRect& box);
     void resizeSubviews(const CoreGraphics::CGSize& oldSize);
 
     bool isVisible() const { return !isHidden_ && presentedAlpha() > 0.0; }

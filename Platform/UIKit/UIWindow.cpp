@@ -187,15 +187,17 @@ void UIWindow::setNeedsDisplayEverywhere() { damage(bounds()); }
 
 void UIWindow::damage(const CGRect& rect) {
     const CGRect visible = CGRectIntersection(rect, bounds());
+    // Everything includes what was noted before, which may lie outside now: the window was smaller since.
+    if (visible == bounds()) {
+        damage_.clear();
+    } else if (damage_.contains(visible)) {
+        return;
+    }
     const CGFloat scale = contentScale_;
     const CGFloat left = std::floor(CGRectGetMinX(visible) * scale) / scale;
     const CGFloat top = std::floor(CGRectGetMinY(visible) * scale) / scale;
     const CGFloat right = std::ceil(CGRectGetMaxX(visible) * scale) / scale;
     const CGFloat bottom = std::ceil(CGRectGetMaxY(visible) * scale) / scale;
-    // Everything includes what was noted before, which may lie outside now: the window was smaller since.
-    if (visible == bounds()) {
-        damage_.clear();
-    }
     damage_.add({{left, top}, {right - left, bottom - top}});
 }
 

@@ -29,6 +29,7 @@ public:
     CoreGraphics::CGPoint center() const;
     void setCenter(const CoreGraphics::CGPoint& center);
 
+    bool isTransformed() const { return isTransformed_; }
     const CoreGraphics::CGAffineTransform& transform() const { return transform_; }
     void setTransform(const CoreGraphics::CGAffineTransform& transform);
 

@@ -47,6 +47,20 @@ TEST(AnimationGroupTest, RunsWhileItHasChanges) {
     EXPECT_TRUE(group.isOver(0.0));
 }
 
+TEST(AnimationGroupTest, KnowsEachOfItsViews) {
+    AnimationGroup group(0.0, 1.0, AnimationCurve::Linear, nullptr);
+    EXPECT_FALSE(group.hasChanges());
+    const auto first = makeView({});
+    const auto second = makeView({});
+    group.add(first);
+    group.add(second);
+    group.add(first);
+    EXPECT_TRUE(group.hasChanges());
+    ASSERT_GE(group.views().size(), 2u);
+    EXPECT_EQ(group.views()[0].lock(), first);
+    EXPECT_EQ(group.views()[1].lock(), second);
+}
+
 TEST(AnimationGroupTest, CompletesOnceAndSaysWhetherItWasInterrupted) {
     Log log;
     const auto note = [&](bool finished) { log.push_back(finished ? "finished" : "interrupted"); };

@@ -102,6 +102,17 @@ TEST_F(AnimatorTest, PresentationFollowsTheCurve) {
     EXPECT_NEAR(shownAlpha(), 1.0 - 0.5 * 0.31535681, 1e-8);
 }
 
+TEST_F(AnimatorTest, NothingIsDrawnAgainBeforeTheAnimationMoves) {
+    host.draw();
+    animate(1.0, [&] {
+        view->setAlpha(0.25);
+        view->setFrame(CGRectMake(50.0, 50.0, 20.0, 20.0));
+    });
+    EXPECT_FALSE(host.window()->needsDisplay());
+    host.advance(0.5);
+    EXPECT_TRUE(host.window()->needsDisplay());
+}
+
 TEST_F(AnimatorTest, FramesTravel) {
     animate(1.0, [&] { view->setFrame(CGRectMake(40, 20, 30, 10)); });
     host.advance(0.5);

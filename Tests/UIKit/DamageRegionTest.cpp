@@ -108,4 +108,15 @@ TEST(DamageRegionTest, NeverOverlapsAndCoversAllThatWasAdded) {
     }
 }
 
+TEST(DamageRegionTest, ContainsWhatOneOfItsRectanglesCovers) {
+    DamageRegion region;
+    EXPECT_FALSE(region.contains(CGRectMake(0.0, 0.0, 10.0, 10.0)));
+    region.add(CGRectMake(0.0, 0.0, 10.0, 10.0));
+    region.add(CGRectMake(20.0, 0.0, 10.0, 10.0));
+    EXPECT_TRUE(region.contains(CGRectMake(0.0, 0.0, 10.0, 10.0)));
+    EXPECT_TRUE(region.contains(CGRectMake(22.0, 2.0, 5.0, 5.0)));
+    EXPECT_FALSE(region.contains(CGRectMake(5.0, 0.0, 20.0, 10.0)));
+    EXPECT_FALSE(region.contains(CGRectMake(5.0, 5.0, 10.0, 1.0)));
+}
+
 } // namespace

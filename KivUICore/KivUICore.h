@@ -7,6 +7,8 @@
 #include "KivUICore/TopBar/TopBar.h"
 #include "KivUICore/UIComponent/Button.h"
 #include "KivUICore/UIComponent/Label.h"
+#include "KivUICore/UIComponent/PopOverButton.h"
+#include "KivUICore/UIComponent/PopOverMenu.h"
 #include "KivUICore/UIComponent/SeekBar.h"
 #include "KivUICore/UIComponent/UIComponent.h"
 #include "KivUICore/UIComponent/UIEventObserver.h"
@@ -18,7 +20,8 @@
 namespace KivUICore {
 
 inline const Foundation::ClassList kivUICoreClasses{
-    KivBar::classObject, TopBar::classObject,  BottomBar::classObject, UIComponent::classObject,
-    Button::classObject, SeekBar::classObject, Label::classObject};
+    KivBar::classObject,      TopBar::classObject,        BottomBar::classObject,
+    UIComponent::classObject, Button::classObject,        SeekBar::classObject,
+    Label::classObject,       PopOverButton::classObject, PopOverMenu::classObject};
 
 } // namespace KivUICore

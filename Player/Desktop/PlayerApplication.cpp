@@ -5,8 +5,6 @@
 #include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/SoundOutput.h"
 
-#include <cctype>
-
 namespace Player {
 
 namespace {
@@ -30,12 +28,6 @@ MpvPlayback::Settings playbackSettings(const Options& options) {
             .sound = hasSoundOutput() ? MpvPlayback::Sound::Played : MpvPlayback::Sound::Discarded,
             .isMuted = options.sound == Options::Sound::Muted,
             .ipcServer = options.ipcServer};
-}
-
-// "cannot play" stands after the program's name on the error output, and alone in the window.
-std::string sentence(std::string text) {
-    text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
-    return text + ".";
 }
 
 } // namespace
@@ -93,7 +85,7 @@ void PlayerApplication::filmHasNews() {
 
 void PlayerApplication::tellNotice(const std::string& text) {
     printErrorLine(text);
-    overlay_->showNotice(sentence(text));
+    overlay_->showProblem(text);
 }
 
 void PlayerApplication::windowWasResized() {

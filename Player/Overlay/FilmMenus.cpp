@@ -51,6 +51,8 @@ std::vector<MenuEntry> FilmMenus::entries(MenuKind kind) const {
         return trackEntries(TrackKind::Subtitle);
     case MenuKind::Chapters:
         return chapterEntries();
+    case MenuKind::AudioOutput:
+        return deviceEntries();
     }
     return {};
 }
@@ -111,6 +113,16 @@ std::vector<MenuEntry> FilmMenus::chapterEntries() const {
         const std::string name = chapter.name.empty() ? "Chapter " + std::to_string(index + 1) : chapter.name;
         entries.push_back({name, index == current, std::nullopt,
                            [this, start = chapter.start] { film_.seek(start, SeekPrecision::Exact); }});
+    }
+    return entries;
+}
+
+std::vector<MenuEntry> FilmMenus::deviceEntries() const {
+    std::vector<MenuEntry> entries;
+    for (const AudioDevice& device : playback_.state().audioDevices) {
+        entries.push_back(
+            {device.name, device.isSelected, std::nullopt,
+             [this, identifier = device.identifier] { playback_.selectAudioDevice(identifier); }});
     }
     return entries;
 }

@@ -9,7 +9,7 @@
 
 namespace Overlay {
 
-enum class MenuKind { Main, Speed, Audio, Subtitles, Chapters };
+enum class MenuKind { Main, Speed, Audio, Subtitles, Chapters, AudioOutput };
 
 /// A line of a menu: it opens another menu, or does something.
 struct MenuEntry {
@@ -27,7 +27,8 @@ public:
     /// Both outlive the menus and what their entries do.
     FilmMenus(Playback& playback, FilmCommands& film) : playback_(playback), film_(film) {}
 
-    /// The main menu leads to the others, as far as there is something to choose in them.
+    /// The main menu leads to the others, but for the one of sound devices, as far as there is something to
+    /// choose in them.
     std::vector<MenuEntry> entries(MenuKind kind) const;
 
 private:
@@ -35,6 +36,7 @@ private:
     std::vector<MenuEntry> speedEntries() const;
     std::vector<MenuEntry> trackEntries(TrackKind kind) const;
     std::vector<MenuEntry> chapterEntries() const;
+    std::vector<MenuEntry> deviceEntries() const;
     bool hasTracks(TrackKind kind) const;
 
     Playback& playback_;

@@ -1,7 +1,10 @@
 #include "Player/Overlay/PlayerOverlay.h"
 
+#include "Platform/UIKit/UIViewController.h"
 #include "Player/Overlay/FilmView.h"
 #include "Player/Overlay/KeyCommand.h"
+#include "Player/Overlay/MenuPresenter.h"
+#include "Player/Overlay/SoundRoutes.h"
 #include "Player/Overlay/WindowControls.h"
 
 #include <cmath>
@@ -27,12 +30,25 @@ std::shared_ptr<FilmView> fill(UIKit::UIView& root) {
     return picture;
 }
 
+std::shared_ptr<UIKit::UIViewController> controllerOf(const std::shared_ptr<UIKit::UIView>& view) {
+    std::shared_ptr<UIKit::UIViewController> controller = make<UIKit::UIViewController>();
+    controller->setView(view);
+    return controller;
+}
+
 } // namespace
 
 PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playback& playback,
                              WindowControls& window)
-    : playback_(playback), window_(window), film_(playback), picture_(fill(*root)), hostView_(picture_),
-      status_(hostView_, [this] { playback_.retry(); }), title_(hostView_, [this] { goBack(); }),
+    : playback_(playback), window_(window), film_(playback), menus_(playback, film_), picture_(fill(*root)),
+      hostView_(picture_), controller_(controllerOf(picture_)),
+      menu_(
+          make<MenuPresenter>(controller_, menus_, [this] { policy_.setHold(Hold::Menu, menu_->isOpen()); })),
+      routes_(std::make_shared<SoundRoutes>(
+          playback, [this](const auto& anchor) { openMenu(MenuKind::AudioOutput, anchor); })),
+      status_(hostView_, [this] { playback_.retry(); }),
+      title_(
+          hostView_, [this] { goBack(); }, [this] { openMenu(MenuKind::Main, title_.menuButton()); }),
       transport_(hostView_, transportActions()), bubble_(hostView_),
       policy_({title_.bar(), transport_.bar()}, hideDelay) {
     // A bar travels to a new frame over half a second. While somebody drags the window's edge it would trail
@@ -44,14 +60,14 @@ PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playbac
     transport_.bar()->setFadeHandler([this] { barsDidFade(); });
     picture_->setTouchHandler([this] { policy_.noteActivity(); });
     picture_->setDoubleTapHandler([this] { toggleFullScreen(); });
+    MediaPlayer::MPRouteProvider::install(routes_);
     playback_.setChangeHandler([this] { playbackDidChange(); });
     refresh();
 }
 
 PlayerOverlay::~PlayerOverlay() {
     playback_.setChangeHandler(nullptr);
-    picture_->setTouchHandler(nullptr);
-    picture_->setDoubleTapHandler(nullptr);
+    menu_->close();
     hostView_->removeFromSuperview();
 }
 
@@ -114,6 +130,8 @@ void PlayerOverlay::refresh() {
     policy_.setHold(Hold::Paused, state.isPaused);
     policy_.setHold(Hold::Ended, state.hasEnded);
     policy_.setHold(Hold::Error, state.error.has_value());
+    routes_->playbackDidChange();
+    menu_->menusDidChange();
     status_.show(state);
     title_.show(state.title);
     transport_.show(state, film_.position(), window_.isFullScreen());
@@ -140,9 +158,8 @@ void PlayerOverlay::pointerLeft() {
 }
 
 void PlayerOverlay::updateBubble() {
-    const bool isPointing = pointer_ && policy_.areBarsVisible();
     const std::optional<double> time = transport_.isScrubbing() ? std::optional(transport_.scrubTime())
-                                       : isPointing             ? transport_.timeAt(*pointer_)
+                                       : pointer_               ? transport_.timeAt(*pointer_)
                                                                 : std::nullopt;
     if (time) {
         bubble_.show(*time, transport_.pointOver(*time));
@@ -229,6 +246,11 @@ void PlayerOverlay::toggleFullScreen() {
     window_.setFullScreen(!window_.isFullScreen());
 }
 
+void PlayerOverlay::openMenu(MenuKind kind, const std::shared_ptr<UIKit::UIView>& anchor) {
+    policy_.noteActivity();
+    menu_->open(kind, anchor);
+}
+
 void PlayerOverlay::windowDidChange() { refresh(); }
 
 void PlayerOverlay::barsDidFade() {
@@ -237,9 +259,8 @@ void PlayerOverlay::barsDidFade() {
         isPointerHidden_ = hides;
         window_.setPointerHidden(hides);
     }
-    updateBubble();
 }
 
-void PlayerOverlay::showNotice(const std::string& text) { status_.showNotice(text); }
+void PlayerOverlay::showProblem(const std::string& problem) { status_.showProblem(problem); }
 
 } // namespace Overlay

@@ -3,6 +3,7 @@
 #include "Platform/CoreGraphics/CGGeometry.h"
 #include "Player/Overlay/AutoHidePolicy.h"
 #include "Player/Overlay/FilmCommands.h"
+#include "Player/Overlay/FilmMenus.h"
 #include "Player/Overlay/ScrubBubble.h"
 #include "Player/Overlay/StatusViews.h"
 #include "Player/Overlay/TitleControls.h"
@@ -13,6 +14,7 @@
 #include <string>
 
 namespace UIKit {
+class UIViewController;
 struct UIKey;
 } // namespace UIKit
 
@@ -20,6 +22,8 @@ namespace Overlay {
 
 class FilmView;
 struct KeyCommand;
+class MenuPresenter;
+class SoundRoutes;
 class WindowControls;
 
 /// All that lies over a film: the bars with their controls, and what there is to say. A host hands in
@@ -59,8 +63,8 @@ public:
     /// The window went to full screen or came back.
     void windowDidChange();
 
-    /// Shows a line for a while.
-    void showNotice(const std::string& text);
+    /// Shows for a while what went wrong, given as a sentence without its end. The film isn't affected.
+    void showProblem(const std::string& problem);
 
 private:
     TransportControls::Actions transportActions();
@@ -75,13 +79,18 @@ private:
     void endScrubbing();
     void holdWhileOnBar();
     void updateBubble();
+    void openMenu(MenuKind kind, const std::shared_ptr<UIKit::UIView>& anchor);
     void barsDidFade();
 
     Playback& playback_;
     WindowControls& window_;
     FilmCommands film_;
+    FilmMenus menus_;
     std::shared_ptr<FilmView> picture_;
     std::shared_ptr<UIKit::UIView> hostView_;
+    std::shared_ptr<UIKit::UIViewController> controller_;
+    std::shared_ptr<MenuPresenter> menu_;
+    std::shared_ptr<SoundRoutes> routes_;
     StatusViews status_;
     TitleControls title_;
     TransportControls transport_;

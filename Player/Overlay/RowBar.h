@@ -1,13 +1,8 @@
 #pragma once
 
-#include "KivUICore/UIComponent/UIComponent.h"
-#include "KivUICore/UIElement/UIElement.h"
-#include "Player/Overlay/RowLayout.h"
+#include "Player/Overlay/SlotLayout.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <functional>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -28,13 +23,15 @@ public:
     }
 
     void hide() override {
+        const CoreGraphics::CGFloat before = this->view()->alpha();
         Bar::hide();
-        tellFade();
+        tellFadeFrom(before);
     }
 
     void show() override {
+        const CoreGraphics::CGFloat before = this->view()->alpha();
         Bar::show();
-        tellFade();
+        tellFadeFrom(before);
     }
 
     /// The container travels as in every bar; slots that trailed behind a window's edge would look broken, so
@@ -44,27 +41,14 @@ public:
         layOut();
     }
 
+    /// Call it after something in the row came or went.
+    void layOut() { layOutSlots(*this, items_); }
+
 private:
-    static constexpr CoreGraphics::CGFloat margin = 4.0;
-
-    void tellFade() {
-        if (const std::function<void()> handler = onFade_) {
+    void tellFadeFrom(CoreGraphics::CGFloat alpha) {
+        const std::function<void()> handler = onFade_;
+        if (handler && this->view()->alpha() != alpha) {
             handler();
-        }
-    }
-
-    void layOut() {
-        const std::vector<std::shared_ptr<UIKit::UIView>> slots = this->view()->subviews();
-        const auto elements = this->elemets().value_or(KivUICore::KivBar::Elemets());
-        const std::vector<CoreGraphics::CGRect> frames =
-            layOutRow(items_, CoreGraphics::CGRectInset(this->view()->bounds(), margin, 0.0));
-        const std::size_t count = std::min({slots.size(), elements.size(), frames.size()});
-        for (std::size_t index = 0; index < count; ++index) {
-            slots[index]->setFrame(frames[index]);
-            slots[index]->setHidden(frames[index].size.width <= 0.0);
-            if (const std::shared_ptr<UIKit::UIView> control = elements[index]->view()->view()) {
-                control->setFrame(slots[index]->bounds());
-            }
         }
     }
 

@@ -58,6 +58,8 @@ void StatusViews::show(const PlaybackState& state) {
 
 void StatusViews::showNotice(const std::string& text) { notice_->show(text); }
 
+void StatusViews::showProblem(const std::string& problem) { showNotice(sentence(problem)); }
+
 void StatusViews::showError(const std::optional<std::string>& error) {
     if (error == error_) {
         return;

@@ -31,7 +31,10 @@ public:
     ~StatusViews();
 
     void show(const PlaybackState& state);
+
+    /// Show a line for a while: as it is, or what went wrong as a sentence without its end.
     void showNotice(const std::string& text);
+    void showProblem(const std::string& problem);
 
     /// Call it after each change of the host view's size.
     void layOut();

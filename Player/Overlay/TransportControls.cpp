@@ -1,11 +1,12 @@
 #include "Player/Overlay/TransportControls.h"
 
-#include "KivCore/KivPlayer.h"
 #include "KivUICore/UIComponent/Button.h"
 #include "KivUICore/UIComponent/Label.h"
 #include "KivUICore/UIComponent/SeekBar.h"
+#include "Platform/MediaPlayer/MPVolumeView.h"
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UIWindow.h"
+#include "Player/Overlay/FilmPlayer.h"
 #include "Player/Overlay/Icons.h"
 #include "Player/Overlay/PlaybackState.h"
 #include "Player/Overlay/ScrubObserver.h"
@@ -36,7 +37,7 @@ TransportControls::TransportControls(const std::shared_ptr<UIKit::UIView>& host,
       mute_(makeButton(actions.toggleMute)), fullScreen_(makeButton(actions.toggleFullScreen)),
       bar_(make<RowBar<BottomBar>>(host)) {
     const ScrubObserver::Handlers handlers{actions.beganScrubbing, actions.scrubbed, actions.endedScrubbing};
-    seekBar_ = make<KivUICore::SeekBar>(slider_, make<ScrubObserver>(handlers), make<KivCore::KivPlayer>());
+    seekBar_ = make<KivUICore::SeekBar>(slider_, make<ScrubObserver>(handlers), make<FilmPlayer>());
     seekBar_->disable();
     length_.view()->setPressHandler([this] {
         lengthShown_ = lengthShown_ == LengthShown::Duration ? LengthShown::Remaining : LengthShown::Duration;
@@ -65,14 +66,22 @@ void TransportControls::layOutRow() {
     constexpr auto fixed = RowItem::Width::Fixed;
     bar_->setRow({{button, fixed, 0},
                   {time, fixed, 4},
-                  {shortestTrack, RowItem::Width::Flexible, 0},
+                  {shortestTrack + (hasRouteButton_ ? button : 0.0), RowItem::Width::Flexible, 0},
                   {time, fixed, 3},
                   {button, fixed, 1},
                   {button, fixed, 2}});
 }
 
+bool TransportControls::isRouteButtonVisible() const {
+    return seekBar_->airplayButton()->isRouteButtonVisible();
+}
+
 void TransportControls::show(const PlaybackState& state, double position, bool isFullScreen) {
     showButtons(state, isFullScreen);
+    if (isRouteButtonVisible() != hasRouteButton_) {
+        hasRouteButton_ = !hasRouteButton_;
+        layOutRow();
+    }
     if (state.duration != duration_) {
         duration_ = state.duration;
         layOutRow();
@@ -82,6 +91,8 @@ void TransportControls::show(const PlaybackState& state, double position, bool i
         } else {
             seekBar_->disable();
         }
+        // In another film the handle has nowhere to travel from.
+        seekBar_->setCurrentValue(static_cast<float>(position));
     }
     position_ = isScrubbing() ? scrubTime() : position;
     moveHandle(position_);

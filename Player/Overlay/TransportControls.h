@@ -61,6 +61,7 @@ private:
     enum class LengthShown { Duration, Remaining };
 
     void layOutRow();
+    bool isRouteButtonVisible() const;
     void showButtons(const PlaybackState& state, bool isFullScreen);
     void showTimes(double position);
     void moveHandle(double position);
@@ -77,6 +78,7 @@ private:
 
     LengthShown lengthShown_ = LengthShown::Duration;
     std::optional<double> duration_;
+    bool hasRouteButton_ = false;
     double position_ = 0.0;
     PlayIcon shownPlayIcon_ = PlayIcon::None;
     std::optional<bool> showsMuted_;

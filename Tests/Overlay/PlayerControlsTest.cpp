@@ -63,6 +63,15 @@ protected:
         return texts;
     }
 
+    bool isSpinning() const {
+        for (const auto& view : overlay.hostView()->subviews()) {
+            if (const auto spinner = Foundation::as<SpinnerView>(view)) {
+                return spinner->isAnimating();
+            }
+        }
+        return false;
+    }
+
     void play(double seconds) {
         constexpr int framesPerSecond = 25;
         for (int frame = 0; frame < seconds * framesPerSecond; ++frame) {
@@ -100,6 +109,16 @@ TEST_F(PlayerControlsTest, BarsShowTitleAndTimes) {
     EXPECT_EQ(texts(), (Story{"A film", "01:01", "01:40"}));
 }
 
+TEST_F(PlayerControlsTest, HandleIsAtItsPlaceAsSoonAsTheLengthIsKnown) {
+    playback.now.duration = 200.0;
+    playback.now.position = 100.0;
+    playback.tell();
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 100.0);
+    host.draw();
+    host.advance(0.1);
+    EXPECT_FALSE(host.window()->needsDisplay());
+}
+
 TEST_F(PlayerControlsTest, LengthShowsWhatRemainsAfterAPressAndBack) {
     playback.now.position = 61.9;
     playback.tell();
@@ -107,6 +126,11 @@ TEST_F(PlayerControlsTest, LengthShowsWhatRemainsAfterAPressAndBack) {
     EXPECT_EQ(texts(), (Story{"A film", "01:01", "-00:39"}));
     tap(lengthLabel);
     EXPECT_EQ(texts(), (Story{"A film", "01:01", "01:40"}));
+}
+
+TEST_F(PlayerControlsTest, AllOfAFilmRemainsAtItsStart) {
+    tap(lengthLabel);
+    EXPECT_EQ(texts(), (Story{"A film", "00:00", "-01:40"}));
 }
 
 TEST_F(PlayerControlsTest, TimesOfALongFilmHaveHours) {
@@ -171,6 +195,26 @@ TEST_F(PlayerControlsTest, HandleAndTimeFollowThePointerAndNotTheFilm) {
     playback.tell();
     EXPECT_EQ(overlay.transportControls().scrubTime(), 50.0);
     EXPECT_EQ(texts()[1], "00:50");
+}
+
+TEST_F(PlayerControlsTest, HeldHandleStaysWhileTheFilmArrivesAtAKeyFrameAndPlaysOn) {
+    host.touchDown(trackMiddle);
+    playback.seekTarget = 48.0;
+    playback.arrive();
+    playback.now.position = 49.0;
+    playback.tell();
+    host.advance(1.0);
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 50.0);
+    EXPECT_EQ(texts()[1], "00:50");
+    host.touchUp(trackMiddle);
+}
+
+TEST_F(PlayerControlsTest, PressOnTheHandleAfterADragLeavesTheFilmAlone) {
+    tap(trackMiddle);
+    playback.arrive();
+    playback.arrive();
+    playback.takeStory();
+    EXPECT_EQ(tap(trackMiddle), Story());
 }
 
 TEST_F(PlayerControlsTest, HandleFollowsTheFilmAgainOnceItArrived) {
@@ -421,13 +465,6 @@ TEST_F(PlayerControlsTest, DragShowsTheTimeAtTheHandle) {
     EXPECT_TRUE(overlay.scrubBubble().view()->isHidden());
 }
 
-TEST_F(PlayerControlsTest, BubbleGoesWithTheBars) {
-    overlay.pointerMoved(trackMiddle);
-    overlay.pointerMoved(picture);
-    play(3.2);
-    EXPECT_TRUE(overlay.scrubBubble().view()->isHidden());
-}
-
 TEST_F(PlayerControlsTest, ChangeOfVolumeIsShownForAWhileAndLeavesTheBarsHidden) {
     host.advance(10.0);
     overlay.scrolled(-6.0);
@@ -441,6 +478,14 @@ TEST_F(PlayerControlsTest, VolumeOfAMutedFilmSaysThatItIsMuted) {
     playback.now.isMuted = true;
     overlay.scrolled(-1.0);
     EXPECT_EQ(texts().front(), "Volume 95 %, muted");
+}
+
+TEST_F(PlayerControlsTest, ProblemThatLeavesTheFilmAloneIsToldInPassing) {
+    overlay.showProblem("cannot play 'b.mkv': no such file");
+    EXPECT_EQ(texts().front(), "Cannot play 'b.mkv': no such file.");
+    EXPECT_EQ(reason(), "recent activity");
+    host.advance(20.0);
+    EXPECT_EQ(texts(), Story());
 }
 
 TEST_F(PlayerControlsTest, ErrorIsToldWithAWayToTryAgain) {
@@ -457,14 +502,6 @@ TEST_F(PlayerControlsTest, ErrorIsToldWithAWayToTryAgain) {
 }
 
 TEST_F(PlayerControlsTest, SpinnerShowsAfterHalfASecondOfWaiting) {
-    const auto isSpinning = [this] {
-        for (const auto& view : overlay.hostView()->subviews()) {
-            if (const auto spinner = Foundation::as<SpinnerView>(view)) {
-                return spinner->isAnimating();
-            }
-        }
-        return false;
-    };
     playback.now.isWaiting = true;
     playback.tell();
     host.advance(0.4);
@@ -488,11 +525,11 @@ TEST_F(PlayerControlsTest, ShortWaitsOneAfterTheOtherShowNoSpinner) {
         playback.now.isWaiting = true;
         playback.tell();
         host.advance(0.3);
+        EXPECT_FALSE(isSpinning());
         playback.now.isWaiting = false;
         playback.tell();
         host.advance(0.1);
     }
-    EXPECT_EQ(texts(), (Story{"A film", "00:00", "01:40"}));
 }
 
 // Work

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "KivCore/KivPlayer.h"
+
+namespace Overlay {
+
+/// The film as the seek bar sees it: one whose sound may go to another device.
+class FilmPlayer : public KivCore::KivPlayer {
+public:
+    bool allowsAirPlay() const override { return true; }
+};
+
+} // namespace Overlay

@@ -81,4 +81,5 @@ build_preset() {
 
 # Lists of Debian packages, to be passed unquoted.
 build_packages="g++ cmake ninja-build pkg-config"
-player_packages="libsdl2-dev libmpv-dev libcairo2-dev libpango1.0-dev libgl-dev libcli11-dev fonts-inter"
+player_packages="libsdl2-dev libmpv-dev libcairo2-dev libpango1.0-dev libgl-dev libcli11-dev
+fonts-inter fonts-dejavu-core fonts-wqy-microhei fonts-noto-color-emoji"

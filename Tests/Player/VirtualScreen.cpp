@@ -3,6 +3,7 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <csignal>
+#include <cstdlib>
 #include <stdexcept>
 
 namespace Player {
@@ -120,6 +121,58 @@ void VirtualScreen::pressKey(unsigned long key) const {
         event.xkey.keycode = XKeysymToKeycode(display_.get(), key);
         send(display_.get(), window, event);
     }
+}
+
+void VirtualScreen::movePointer(int x, int y) const {
+    int rootX = 0;
+    int rootY = 0;
+    Window child = 0;
+    XTranslateCoordinates(display_.get(), findWindow(), DefaultRootWindow(display_.get()), x, y, &rootX,
+                          &rootY, &child);
+    runTool({"mousemove", std::to_string(rootX), std::to_string(rootY)});
+}
+
+void VirtualScreen::runTool(std::vector<std::string> words) const {
+    words.insert(words.begin(), "xdotool");
+    Process tool(words, {{"DISPLAY", name_}});
+    if (tool.wait() != 0) {
+        throw std::runtime_error("xdotool failed: " + tool.errors());
+    }
+}
+
+void VirtualScreen::pressButton() const { runTool({"mousedown", "1"}); }
+
+void VirtualScreen::releaseButton() const { runTool({"mouseup", "1"}); }
+
+void VirtualScreen::click(int x, int y) const {
+    movePointer(x, y);
+    runTool({"click", "1"});
+}
+
+void VirtualScreen::doubleClick(int x, int y) const {
+    movePointer(x, y);
+    runTool({"click", "--repeat", "2", "--delay", "60", "1"});
+}
+
+void VirtualScreen::turnWheel(int notches) const {
+    runTool(
+        {"click", "--repeat", std::to_string(std::abs(notches)), "--delay", "5", notches > 0 ? "4" : "5"});
+}
+
+std::string VirtualScreen::windowTitle() const {
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* text = nullptr;
+    constexpr long mostWords = 256;
+    XGetWindowProperty(display_.get(), findWindow(), XInternAtom(display_.get(), "_NET_WM_NAME", False), 0,
+                       mostWords, False, AnyPropertyType, &type, &format, &count, &rest, &text);
+    const std::string title = text ? reinterpret_cast<char*>(text) : "";
+    if (text) {
+        XFree(text);
+    }
+    return title;
 }
 
 } // namespace Player

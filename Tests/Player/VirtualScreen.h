@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 // The library's own header names macros None and Bool.
 struct _XDisplay; // NOLINT(bugprone-reserved-identifier)
@@ -35,12 +36,26 @@ public:
     /// `key` as in <X11/keysym.h>.
     void pressKey(unsigned long key) const;
 
+    /// The pointer, in pixels of the window, and its main button.
+    void movePointer(int x, int y) const;
+    void pressButton() const;
+    void releaseButton() const;
+    void click(int x, int y) const;
+    void doubleClick(int x, int y) const;
+
+    /// By notches, up if positive.
+    void turnWheel(int notches) const;
+
+    /// The name in the window's frame, were there one.
+    std::string windowTitle() const;
+
 private:
     struct Release {
         void operator()(_XDisplay* display) const;
     };
 
     unsigned long findWindow() const;
+    void runTool(std::vector<std::string> words) const;
 
     std::unique_ptr<Process> server_;
     std::string name_;

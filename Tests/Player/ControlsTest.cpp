@@ -1,0 +1,232 @@
+#include "Hosts/Headless/VirtualClock.h"
+#include "Platform/Foundation/NSRunLoop.h"
+#include "Platform/UIKit/UIWindow.h"
+#include "Player/Overlay/PlayerOverlay.h"
+#include "Tests/Overlay/FakePlayback.h"
+#include "Tests/Player/Films.h"
+#include "Tests/Player/MpvSocket.h"
+#include "Tests/Player/PlayerProgram.h"
+#include "Tests/Player/VirtualScreen.h"
+
+#include <X11/keysym.h>
+#include <chrono>
+#include <cmath>
+#include <fstream>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace Player {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int width = 640;
+constexpr int height = 360;
+constexpr double length = 12.0;
+
+/// The place on the screen that stands for a time, as the overlay itself lays it out.
+int trackPlace(double time) {
+    Headless::VirtualClock clock;
+    Foundation::NSRunLoop runLoop(clock);
+    const auto root = Foundation::make<UIKit::UIWindow>(CoreGraphics::CGRectMake(0.0, 0.0, width, height));
+    Overlay::FakePlayback film;
+    film.now.duration = length;
+    Overlay::FakeWindow window;
+    Overlay::PlayerOverlay overlay(root, film, window);
+    overlay.hostViewWasResized();
+    return static_cast<int>(std::lround(overlay.transportControls().pointOver(time).x));
+}
+
+/// The player in a window of 640 by 360 on a screen of its own, with a film of twelve seconds.
+class Controls : public testing::Test {
+protected:
+    Controls() : mpv(folder.path() / "mpv") {}
+
+    void play(const std::string& film = Films::sample().string(), const std::string& drawing = "--software") {
+        player =
+            startPlayer({film, "--mute", drawing, "--size", "640x360", "--ipc-server", mpv.path().string()},
+                        {{"DISPLAY", screen.name()}});
+        ASSERT_TRUE(until([this] { return position().value_or(0.0) > 0.1; })) << player->errors();
+        ASSERT_TRUE(until([this] {
+            const std::optional<Picture> picture = screen.window();
+            return picture && picture->width() == width;
+        }));
+    }
+
+    void playPaused() {
+        play();
+        ASSERT_TRUE(mpv.command("\"set_property\",\"pause\",true"));
+        ASSERT_TRUE(until([this] { return showsBars(); }));
+    }
+
+    template <class Condition>
+    bool until(Condition condition) {
+        return eventually(condition);
+    }
+
+    std::optional<double> position() { return mpv.number("time-pos"); }
+    bool isPaused() { return mpv.flag("pause").value_or(false); }
+
+    bool isNear(double time, double tolerance = 0.05) {
+        return std::abs(position().value_or(-100.0) - time) < tolerance;
+    }
+
+    // The film is bright everywhere along its upper edge, which the bar darkens; no control reaches that far.
+    bool showsBars() {
+        const std::optional<Picture> picture = screen.window();
+        return picture && darkRows(*picture) >= 3;
+    }
+
+    bool showsNoBars() {
+        const std::optional<Picture> picture = screen.window();
+        return picture && darkRows(*picture) == 0;
+    }
+
+    static int darkRows(const Picture& picture) {
+        int rows = 0;
+        for (int y = 0; y < 4; ++y) {
+            int brightest = 0;
+            for (int x = picture.width() / 3; x < picture.width(); ++x) {
+                brightest =
+                    std::max({brightest, picture.at(x, y)[0], picture.at(x, y)[1], picture.at(x, y)[2]});
+            }
+            rows += brightest < 130 ? 1 : 0;
+        }
+        return rows;
+    }
+
+    static constexpr int playX = 27;
+    static constexpr int barY = height - 20;
+
+    TemporaryFolder folder;
+    MpvSocket mpv;
+    VirtualScreen screen;
+    std::unique_ptr<Process> player;
+};
+
+TEST_F(Controls, PlayButtonPausesAndGoesOn) {
+    play();
+    screen.click(playX, barY);
+    EXPECT_TRUE(until([this] { return isPaused(); }));
+    const std::optional<Picture> paused = screen.window();
+    screen.click(playX, barY);
+    EXPECT_TRUE(until([this] { return !isPaused(); }));
+    const double before = position().value_or(0.0);
+    EXPECT_TRUE(until([&] { return position().value_or(0.0) > before + 0.2; }));
+}
+
+TEST_F(Controls, FilmFollowsTheHandleThatIsDraggedAcross) {
+    playPaused();
+    ASSERT_TRUE(mpv.command("\"seek\",0,\"absolute+exact\""));
+    // The handle takes a moment longer than the film.
+    ASSERT_TRUE(until([this] {
+        const std::optional<Picture> picture = screen.window();
+        return picture && picture->at(trackPlace(0.0) - 5, barY)[0] > 200;
+    }));
+    screen.movePointer(trackPlace(0.0), barY);
+    screen.pressButton();
+    for (const double time : {2.5, 5.0, 7.5, 10.0, 6.0}) {
+        screen.movePointer(trackPlace(time), barY);
+        // Key frames are a second apart.
+        EXPECT_TRUE(until([&] { return isNear(time, 1.1); })) << time << " " << position().value_or(-1.0);
+    }
+    screen.releaseButton();
+    EXPECT_TRUE(until([&] { return isNear(6.0, 0.06); })) << position().value_or(-1.0);
+    EXPECT_TRUE(isPaused());
+}
+
+TEST_F(Controls, ClickOnTheTrackSeeksThere) {
+    playPaused();
+    for (const double time : {9.0, 3.0}) {
+        screen.click(trackPlace(time), barY);
+        EXPECT_TRUE(until([&] { return isNear(time, 0.06); })) << time << " " << position().value_or(-1.0);
+    }
+}
+
+TEST_F(Controls, BarsLeaveAFilmAloneAndComeBackWithThePointer) {
+    play();
+    screen.movePointer(320, 150);
+    ASSERT_TRUE(until([this] { return showsBars(); }));
+    const Clock::time_point left = Clock::now();
+    EXPECT_TRUE(eventually([this] { return showsNoBars(); }, std::chrono::seconds(8)));
+    const double seconds = std::chrono::duration<double>(Clock::now() - left).count();
+    EXPECT_GT(seconds, 2.0);
+    EXPECT_LT(seconds, 5.0);
+    screen.movePointer(325, 150);
+    EXPECT_TRUE(until([this] { return showsBars(); }));
+}
+
+TEST_F(Controls, BarsStayWhileTheFilmIsPaused) {
+    playPaused();
+    screen.movePointer(320, 150);
+    EXPECT_FALSE(eventually([this] { return !showsBars(); }, std::chrono::milliseconds(4500)));
+}
+
+TEST_F(Controls, KeysMoveTheFilm) {
+    playPaused();
+    const std::vector<std::pair<unsigned long, double>> keys{{XK_5, 6.0},     {XK_Right, 11.0},
+                                                             {XK_Left, 6.0},  {XK_period, 6.0 + 1.0 / 30.0},
+                                                             {XK_comma, 6.0}, {XK_Home, 0.0}};
+    for (const auto& [key, time] : keys) {
+        screen.pressKey(key);
+        EXPECT_TRUE(until([&] { return isNear(time, 0.02); })) << key << " " << position().value_or(-1.0);
+    }
+    screen.pressKey(XK_End);
+    EXPECT_TRUE(until([&] { return position().value_or(0.0) > 11.8; })) << position().value_or(-1.0);
+    EXPECT_TRUE(isPaused());
+}
+
+TEST_F(Controls, WheelAndKeysChangeTheVolume) {
+    playPaused();
+    EXPECT_EQ(mpv.flag("mute"), true);
+    screen.pressKey(XK_m);
+    EXPECT_TRUE(until([this] { return mpv.flag("mute") == false; }));
+    screen.movePointer(320, 150);
+    screen.turnWheel(-4);
+    EXPECT_TRUE(until([this] { return mpv.number("volume").value_or(100.0) <= 85.0; }));
+    const double low = mpv.number("volume").value_or(0.0);
+    screen.turnWheel(2);
+    EXPECT_TRUE(until([&] { return mpv.number("volume").value_or(0.0) > low; }));
+    const double middle = mpv.number("volume").value_or(0.0);
+    screen.pressKey(XK_Down);
+    EXPECT_TRUE(until([&] { return mpv.number("volume").value_or(100.0) < middle; }));
+}
+
+TEST_F(Controls, WindowIsNamedAfterTheFilm) {
+    play();
+    EXPECT_TRUE(until([this] { return screen.windowTitle() == "Sample clip"; })) << screen.windowTitle();
+}
+
+TEST_F(Controls, FilmPlaysAgainAfterItsEnd) {
+    play();
+    ASSERT_TRUE(mpv.command("\"seek\",11.7,\"absolute+exact\""));
+    ASSERT_TRUE(until([this] { return mpv.flag("eof-reached").value_or(false); }));
+    ASSERT_TRUE(until([this] { return showsBars(); }));
+    screen.click(playX, barY);
+    EXPECT_TRUE(until([this] {
+        return !mpv.flag("eof-reached").value_or(true) && position().value_or(0.0) > 0.2 &&
+               position().value_or(9.0) < 5.0;
+    }));
+}
+
+TEST_F(Controls, ChangesByOtherProgramsShow) {
+    playPaused();
+    const std::optional<Picture> before = screen.window();
+    ASSERT_TRUE(mpv.command("\"seek\",10,\"absolute+exact\""));
+    EXPECT_TRUE(until([&] {
+        const std::optional<Picture> now = screen.window();
+        // The handle has left its place on the track.
+        return now && now->at(trackPlace(10.0), barY)[0] > 200;
+    }));
+    EXPECT_TRUE(mpv.command("\"quit\""));
+    EXPECT_EQ(player->wait(), 0);
+    EXPECT_EQ(player->errors(), "");
+}
+
+} // namespace
+
+} // namespace Player

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace Player {
+
+/// Asks mpv itself what it does, by its protocol for other programs.
+class MpvSocket {
+public:
+    explicit MpvSocket(std::filesystem::path path) : path_(std::move(path)) {}
+    MpvSocket(const MpvSocket&) = delete;
+    MpvSocket& operator=(const MpvSocket&) = delete;
+    ~MpvSocket();
+
+    const std::filesystem::path& path() const { return path_; }
+
+    /// A property as it is now; nothing while it has no value or mpv can't be reached.
+    std::optional<double> number(const std::string& property);
+    std::optional<bool> flag(const std::string& property);
+
+    /// A command in JSON: `"set_property", "pause", true`. False if mpv refuses it or can't be reached.
+    bool command(const std::string& words);
+
+private:
+    /// mpv's whole answer, in JSON; empty if there is none.
+    std::string ask(const std::string& words);
+    std::optional<std::string> value(const std::string& property);
+    bool connect();
+    std::string readLine();
+
+    std::filesystem::path path_;
+    int descriptor_ = -1;
+    int requests_ = 0;
+    std::string received_;
+};
+
+} // namespace Player

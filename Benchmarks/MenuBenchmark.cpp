@@ -1,0 +1,106 @@
+#include "Benchmarks/HeapMeter.h"
+#include "Benchmarks/NullContext.h"
+#include "Benchmarks/QtMenu.h"
+#include "Benchmarks/QtOverlay.h"
+#include "Benchmarks/QtRowModel.h"
+#include "Hosts/Headless/HeadlessHost.h"
+#include "KivUICore/KivUICore.h"
+#include "Platform/CoreGraphics/CGRecordingContext.h"
+
+#include <benchmark/benchmark.h>
+#include <memory>
+
+namespace {
+
+using namespace Benchmarks;
+using namespace CoreGraphics;
+using Foundation::make;
+using KivUICore::PopOverButton;
+using KivUICore::PopOverMenu;
+
+/// Measures `show`, which makes a menu, has it drawn once and gives back what holds it; then what it takes on
+/// the heap while it is there.
+template <class Show>
+void measureMenu(benchmark::State& state, Show show) {
+    show();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(show());
+    }
+    const HeapMeter meter;
+    const auto shown = show();
+    state.counters["bytes"] = static_cast<double>(meter.bytes());
+}
+
+/// A menu over entries that are there already, as rows are in a model.
+class BorrowingMenu : public PopOverMenu {
+public:
+    using PopOverMenu::init;
+    bool init(const CGRect& frame, const std::optional<Buttons>& entries) {
+        entries_ = &entries;
+        return PopOverMenu::init(frame, {}, nullptr);
+    }
+
+    const std::optional<Buttons>& buttons() const override { return *entries_; }
+
+    // Its lines on standard output are no part of the measure.
+    void prepareForPopoverPresentation(
+        const std::shared_ptr<UIKit::UIPopoverPresentationController>& /*controller*/) override {}
+
+private:
+    const std::optional<Buttons>* entries_ = nullptr;
+};
+
+/// A menu on the screen, gone when this goes.
+class ShownMenu {
+public:
+    ShownMenu(Headless::HeadlessHost& host, UIKit::UIViewController& controller,
+              const std::optional<PopOverMenu::Buttons>& entries)
+        : host_(host), controller_(controller),
+          menu_(make<BorrowingMenu>(CGRectMake(0.0, 0.0, 240.0, 308.0), entries)) {
+        menu_->showPopOver(controller.view(), nullptr, nullptr);
+        menu_->popoverPresentationController()->setSourceRect(CGRectMake(600.0, 0.0, 44.0, 40.0));
+        controller.presentViewController(menu_, false, nullptr);
+        host.runLoop().turn();
+        NullContext context;
+        host.window()->display(context);
+    }
+    ShownMenu(const ShownMenu&) = delete;
+    ShownMenu& operator=(const ShownMenu&) = delete;
+    ~ShownMenu() {
+        controller_.dismissViewControllerAnimated(false, nullptr);
+        host_.runLoop().turn();
+    }
+
+private:
+    Headless::HeadlessHost& host_;
+    UIKit::UIViewController& controller_;
+    std::shared_ptr<BorrowingMenu> menu_;
+};
+
+template <int rows>
+void popOverMenu(benchmark::State& state) {
+    Headless::HeadlessHost host({1280.0, 720.0});
+    const auto controller = make<UIKit::UIViewController>();
+    controller->view()->setFrame(host.window()->bounds());
+    host.window()->addSubview(controller->view());
+    CGRecordingContext picture({20.0, 20.0});
+    const auto entry = make<PopOverButton>(make<UIKit::UIImage>(picture.drawing()), "Commentary");
+    const std::optional<PopOverMenu::Buttons> entries = PopOverMenu::Buttons(rows, entry);
+    measureMenu(state, [&] { return std::make_unique<ShownMenu>(host, *controller, entries); });
+}
+
+template <int rows>
+void qtListView(benchmark::State& state) {
+    QtOverlay::prepare();
+    QtRowModel model(rows);
+    measureMenu(state, [&] { return std::make_unique<QtMenu>(model); });
+}
+
+BENCHMARK(popOverMenu<10>)->Name("menu shown, 10 rows/KivUICore");
+BENCHMARK(qtListView<10>)->Name("menu shown, 10 rows/Qt Widgets");
+BENCHMARK(popOverMenu<10'000>)->Name("menu shown, 10,000 rows/KivUICore");
+BENCHMARK(qtListView<10'000>)->Name("menu shown, 10,000 rows/Qt Widgets");
+BENCHMARK(popOverMenu<1'000'000>)->Name("menu shown, 1,000,000 rows/KivUICore");
+BENCHMARK(qtListView<1'000'000>)->Name("menu shown, 1,000,000 rows/Qt Widgets");
+
+} // namespace

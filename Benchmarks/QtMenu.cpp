@@ -1,0 +1,12 @@
+#include "Benchmarks/QtMenu.h"
+
+namespace Benchmarks {
+
+QtMenu::QtMenu(QAbstractItemModel& model) {
+    setUniformItemSizes(true);
+    setModel(&model);
+    resize(240, 308);
+    doItemsLayout();
+}
+
+} // namespace Benchmarks

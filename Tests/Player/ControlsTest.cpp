@@ -196,6 +196,64 @@ TEST_F(Controls, WheelAndKeysChangeTheVolume) {
     EXPECT_TRUE(until([&] { return mpv.number("volume").value_or(100.0) < middle; }));
 }
 
+TEST_F(Controls, FullScreenAndBack) {
+    screen.startWindowManager();
+    playPaused();
+    const auto hasWidth = [this](int pixels) {
+        return until([&] {
+            const std::optional<Picture> picture = screen.window();
+            return picture && picture->width() == pixels;
+        });
+    };
+    screen.pressKey(XK_f);
+    EXPECT_TRUE(hasWidth(VirtualScreen::width)) << "f";
+    screen.pressKey(XK_Escape);
+    EXPECT_TRUE(hasWidth(width)) << "escape";
+    EXPECT_TRUE(player->isRunning());
+    screen.doubleClick(320, 150);
+    EXPECT_TRUE(hasWidth(VirtualScreen::width)) << "double click";
+    screen.pressKey(XK_f);
+    EXPECT_TRUE(hasWidth(width)) << "f again";
+    screen.click(width - 27, barY);
+    EXPECT_TRUE(hasWidth(VirtualScreen::width)) << "button";
+    EXPECT_TRUE(until([this] { return showsBars(); }));
+    screen.pressKey(XK_f);
+    EXPECT_TRUE(hasWidth(width));
+    screen.giveFullScreen();
+    EXPECT_TRUE(hasWidth(VirtualScreen::width)) << "by the window manager";
+    screen.pressKey(XK_f);
+    EXPECT_TRUE(hasWidth(width)) << "after the window manager";
+}
+
+TEST_F(Controls, BrokenFileThatIsDroppedLeavesTheFilmAlone) {
+    const fs::path text = folder.path() / "text.mkv";
+    std::ofstream(text) << "no film at all\n";
+    playPaused();
+    ASSERT_TRUE(mpv.command("\"seek\",5,\"absolute+exact\""));
+    ASSERT_TRUE(until([this] { return isNear(5.0); }));
+    const Picture before = screen.window().value();
+    ASSERT_TRUE(screen.drop("file://" + text.string() + "\r\n"));
+    EXPECT_TRUE(until([this] { return player->errors().ends_with('\n'); }));
+    EXPECT_EQ(player->errors(), "kivplayer: cannot play '" + text.string() +
+                                    "': it is no film or sound that can be recognised\n");
+    EXPECT_TRUE(until([&] { return !(screen.window() == before); })) << "nothing tells the viewer";
+    EXPECT_TRUE(isNear(5.0));
+    EXPECT_TRUE(isPaused());
+    EXPECT_EQ(screen.windowTitle(), "Sample clip");
+    screen.pressKey(XK_q);
+    EXPECT_EQ(player->wait(), 0);
+}
+
+TEST_F(Controls, FileThatIsDroppedIsPlayed) {
+    playPaused();
+    const std::string other = Films::manyTracks().string();
+    ASSERT_TRUE(screen.drop("file://" + other + "\r\nfile:///nowhere/second.mkv\r\n"));
+    EXPECT_TRUE(until([this] { return screen.windowTitle() == "Ein schöner Film 映画"; }))
+        << screen.windowTitle();
+    EXPECT_TRUE(until([this] { return !isPaused() && position().value_or(0.0) > 0.2; }));
+    EXPECT_EQ(player->errors(), "");
+}
+
 TEST_F(Controls, WindowIsNamedAfterTheFilm) {
     play();
     EXPECT_TRUE(until([this] { return screen.windowTitle() == "Sample clip"; })) << screen.windowTitle();

@@ -94,32 +94,34 @@ TEST_P(BadCommandLine, IsToldInOneLine) {
     EXPECT_EQ(player->output(), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Lines, BadCommandLine,
-                         testing::Values(std::vector<std::string>{}, std::vector<std::string>{""},
-                                         std::vector<std::string>{"--bogus", "film.mkv"},
-                                         std::vector<std::string>{"one.mkv", "two.mkv"},
-                                         std::vector<std::string>{"film.mkv", "--at", "-1"},
-                                         std::vector<std::string>{"film.mkv", "--at", "nan"},
-                                         std::vector<std::string>{"film.mkv", "--at", "inf"},
-                                         std::vector<std::string>{"film.mkv", "--at", "1e99"},
-                                         std::vector<std::string>{"film.mkv", "--at", "soon"},
-                                         std::vector<std::string>{"film.mkv", "--at"},
-                                         std::vector<std::string>{"film.mkv", "--snapshot"},
-                                         std::vector<std::string>{"film.mkv", "--size", "640"},
-                                         std::vector<std::string>{"film.mkv", "--size", "0x0"},
-                                         std::vector<std::string>{"film.mkv", "--size", "-640x360"},
-                                         std::vector<std::string>{"film.mkv", "--size", "99999999999999x9"},
-                                         std::vector<std::string>{"film.mkv", "--size", "8000x8000",
-                                                                  "--scale", "8"},
-                                         std::vector<std::string>{"film.mkv", "--scale", "0"},
-                                         std::vector<std::string>{"film.mkv", "--scale", "nan"},
-                                         std::vector<std::string>{"film.mkv", "--software", "--opengl"}));
+INSTANTIATE_TEST_SUITE_P(
+    Lines, BadCommandLine,
+    testing::Values(std::vector<std::string>{}, std::vector<std::string>{""},
+                    std::vector<std::string>{"--bogus", "film.mkv"},
+                    std::vector<std::string>{"one.mkv", "two.mkv"},
+                    std::vector<std::string>{"film.mkv", "--at", "-1"},
+                    std::vector<std::string>{"film.mkv", "--at", "nan"},
+                    std::vector<std::string>{"film.mkv", "--at", "inf"},
+                    std::vector<std::string>{"film.mkv", "--at", "1e99"},
+                    std::vector<std::string>{"film.mkv", "--at", "soon"},
+                    std::vector<std::string>{"film.mkv", "--at"},
+                    std::vector<std::string>{"film.mkv", "--snapshot"},
+                    std::vector<std::string>{"film.mkv", "--size", "640"},
+                    std::vector<std::string>{"film.mkv", "--size", "0x0"},
+                    std::vector<std::string>{"film.mkv", "--size", "-640x360"},
+                    std::vector<std::string>{"film.mkv", "--size", "99999999999999x9"},
+                    std::vector<std::string>{"film.mkv", "--size", "8000x8000", "--scale", "8"},
+                    std::vector<std::string>{"film.mkv", "--scale", "0"},
+                    std::vector<std::string>{"film.mkv", "--scale", "nan"},
+                    std::vector<std::string>{"film.mkv", "--ipc-server"},
+                    std::vector<std::string>{"film.mkv", "--ipc-server", KIVPLAYER_PROGRAM},
+                    std::vector<std::string>{"film.mkv", "--software", "--opengl"}));
 
 TEST(CommandLine, HelpNamesEveryOption) {
     const auto player = startPlayer({"--help"});
     EXPECT_EQ(player->wait(), 0);
     for (const char* option : {"--snapshot DIR", "--at SECONDS", "--size WxH", "--scale N", "--software",
-                               "--opengl", "--mute", "--version", "--help"}) {
+                               "--opengl", "--mute", "--ipc-server PATH", "--version", "--help"}) {
         EXPECT_THAT(player->output(), testing::HasSubstr(option));
     }
     EXPECT_EQ(player->errors(), "");

@@ -46,29 +46,62 @@ VirtualScreen::VirtualScreen() {
 
 VirtualScreen::~VirtualScreen() {
     display_.reset();
+    manager_.reset();
     server_->signal(SIGTERM);
     server_->wait();
 }
 
-unsigned long VirtualScreen::findWindow() const {
-    Window root = 0;
-    Window parent = 0;
+// A window manager puts the program's window into one of its own.
+unsigned long VirtualScreen::findWindow() const { return findWindowIn(DefaultRootWindow(display_.get())); }
+
+unsigned long VirtualScreen::findWindowIn(unsigned long parent) const {
+    Window ignored = 0;
     Window* children = nullptr;
     unsigned count = 0;
     Window found = 0;
-    XQueryTree(display_.get(), DefaultRootWindow(display_.get()), &root, &parent, &children, &count);
-    for (unsigned index = 0; index < count; ++index) {
-        XWindowAttributes attributes{};
-        XGetWindowAttributes(display_.get(), children[index], &attributes);
-        constexpr int largerThanHelperWindows = 10;
-        if (attributes.map_state == IsViewable && attributes.width > largerThanHelperWindows) {
-            found = children[index];
-        }
+    XQueryTree(display_.get(), parent, &ignored, &ignored, &children, &count);
+    for (unsigned index = 0; index < count && found == 0; ++index) {
+        found = isProgram(children[index]) ? children[index] : findWindowIn(children[index]);
     }
     if (children) {
         XFree(children);
     }
     return found;
+}
+
+bool VirtualScreen::isProgram(unsigned long window) const {
+    XWindowAttributes attributes{};
+    XClassHint hint{};
+    if (XGetWindowAttributes(display_.get(), window, &attributes) == 0 ||
+        attributes.map_state != IsViewable || XGetClassHint(display_.get(), window, &hint) == 0) {
+        return false;
+    }
+    const bool isPlayer = std::string(hint.res_class) == "kivplayer";
+    XFree(hint.res_name);
+    XFree(hint.res_class);
+    return isPlayer;
+}
+
+void VirtualScreen::startWindowManager() {
+    manager_ = std::make_unique<Process>(std::vector<std::string>{"openbox"},
+                                         Environment{{"DISPLAY", name_}, {"XDG_RUNTIME_DIR", {}}});
+    const Atom check = XInternAtom(display_.get(), "_NET_SUPPORTING_WM_CHECK", False);
+    const bool isThere = eventually([&] {
+        Atom type = 0;
+        int format = 0;
+        unsigned long count = 0;
+        unsigned long rest = 0;
+        unsigned char* value = nullptr;
+        XGetWindowProperty(display_.get(), DefaultRootWindow(display_.get()), check, 0, 1, False,
+                           AnyPropertyType, &type, &format, &count, &rest, &value);
+        if (value) {
+            XFree(value);
+        }
+        return count > 0;
+    });
+    if (!isThere) {
+        throw std::runtime_error("no window manager starts: " + manager_->errors());
+    }
 }
 
 std::optional<Picture> VirtualScreen::window() const {
@@ -121,6 +154,81 @@ void VirtualScreen::pressKey(unsigned long key) const {
         event.xkey.keycode = XKeysymToKeycode(display_.get(), key);
         send(display_.get(), window, event);
     }
+}
+
+void VirtualScreen::giveFullScreen() const {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = findWindow();
+    event.xclient.message_type = atom("_NET_WM_STATE");
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = 1;
+    event.xclient.data.l[1] = static_cast<long>(atom("_NET_WM_STATE_FULLSCREEN"));
+    XSendEvent(display_.get(), DefaultRootWindow(display_.get()), False,
+               SubstructureNotifyMask | SubstructureRedirectMask, &event);
+    XFlush(display_.get());
+}
+
+unsigned long VirtualScreen::atom(const char* name) const { return XInternAtom(display_.get(), name, False); }
+
+// The parts of the drag and drop protocol that a program hears when somebody lets go over its window.
+bool VirtualScreen::drop(const std::string& uris) const {
+    const Window target = findWindow();
+    const Window source =
+        XCreateSimpleWindow(display_.get(), DefaultRootWindow(display_.get()), 0, 0, 1, 1, 0, 0, 0);
+    const Atom selection = atom("XdndSelection");
+    XSetSelectionOwner(display_.get(), selection, source, CurrentTime);
+    const auto tell = [&](const char* message, long second, long third, long fifth) {
+        XEvent event{};
+        event.xclient.type = ClientMessage;
+        event.xclient.window = target;
+        event.xclient.message_type = atom(message);
+        event.xclient.format = 32;
+        event.xclient.data.l[0] = static_cast<long>(source);
+        event.xclient.data.l[1] = second;
+        event.xclient.data.l[2] = third;
+        event.xclient.data.l[4] = fifth;
+        send(display_.get(), target, event);
+    };
+    constexpr long version = 5L << 24;
+    constexpr long place = 700L << 16 | 400L;
+    const auto list = static_cast<long>(atom("text/uri-list"));
+    tell("XdndEnter", version, list, 0);
+    tell("XdndPosition", 0, place, static_cast<long>(atom("XdndActionCopy")));
+    tell("XdndDrop", 0, CurrentTime, 0);
+    const bool isTaken = eventually([&] { return handOver(uris) || isFinished(source); });
+    return isTaken && eventually([&] { return isFinished(source); });
+}
+
+// Answers a program that wants to know what is dropped on it.
+bool VirtualScreen::handOver(const std::string& uris) const {
+    XEvent event{};
+    if (XCheckTypedEvent(display_.get(), SelectionRequest, &event) == False) {
+        return false;
+    }
+    const XSelectionRequestEvent request = event.xselectionrequest;
+    XChangeProperty(display_.get(), request.requestor, request.property, request.target, 8, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(uris.data()), static_cast<int>(uris.size()));
+    XEvent answer{};
+    answer.xselection.type = SelectionNotify;
+    answer.xselection.requestor = request.requestor;
+    answer.xselection.selection = request.selection;
+    answer.xselection.target = request.target;
+    answer.xselection.property = request.property;
+    answer.xselection.time = request.time;
+    send(display_.get(), request.requestor, answer);
+    return true;
+}
+
+bool VirtualScreen::isFinished(unsigned long source) const {
+    XEvent event{};
+    const Atom finished = atom("XdndFinished");
+    while (XCheckTypedWindowEvent(display_.get(), source, ClientMessage, &event) == True) {
+        if (event.xclient.message_type == finished) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void VirtualScreen::movePointer(int x, int y) const {

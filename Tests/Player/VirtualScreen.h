@@ -13,7 +13,8 @@ struct _XDisplay; // NOLINT(bugprone-reserved-identifier)
 
 namespace Player {
 
-/// An X server of the test's own, with no window manager, and what a person can see and do there.
+/// An X server of the test's own, with no window manager unless one is asked for, and what a person can see
+/// and do there.
 class VirtualScreen {
 public:
     static constexpr int width = 1400;
@@ -26,6 +27,9 @@ public:
 
     /// The value for DISPLAY.
     const std::string& name() const { return name_; }
+
+    /// Puts windows into frames, and gives them all of the screen when they ask for it.
+    void startWindowManager();
 
     /// What a program's window shows; nothing while there is none.
     std::optional<Picture> window() const;
@@ -43,6 +47,12 @@ public:
     void click(int x, int y) const;
     void doubleClick(int x, int y) const;
 
+    /// Drops files on the window, as lines of `file://…`. False if it doesn't take them.
+    bool drop(const std::string& uris) const;
+
+    /// Has the window manager make the window as large as the screen.
+    void giveFullScreen() const;
+
     /// By notches, up if positive.
     void turnWheel(int notches) const;
 
@@ -55,9 +65,15 @@ private:
     };
 
     unsigned long findWindow() const;
+    unsigned long findWindowIn(unsigned long parent) const;
+    bool isProgram(unsigned long window) const;
+    unsigned long atom(const char* name) const;
+    bool handOver(const std::string& uris) const;
+    bool isFinished(unsigned long source) const;
     void runTool(std::vector<std::string> words) const;
 
     std::unique_ptr<Process> server_;
+    std::unique_ptr<Process> manager_;
     std::string name_;
     std::unique_ptr<_XDisplay, Release> display_;
 };

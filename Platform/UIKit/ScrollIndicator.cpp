@@ -10,6 +10,10 @@ namespace {
 
 constexpr CGFloat width = 4.0;
 constexpr CGFloat margin = 3.0;
+
+// Clear of round corners.
+constexpr CGFloat endMargin = 7.0;
+
 constexpr CGFloat leastLength = 24.0;
 constexpr CGColor color{0.0, 0.0, 0.0, 0.45};
 
@@ -21,7 +25,7 @@ bool ScrollIndicator::init(const CGRect& frame) {
 }
 
 void ScrollIndicator::show(const CGRect& visible, CGFloat contentHeight) {
-    const CGFloat track = visible.size.height - 2.0 * margin;
+    const CGFloat track = visible.size.height - 2.0 * endMargin;
     setHidden(!(contentHeight > visible.size.height && track > 0.0));
     if (isHidden()) {
         return;
@@ -29,7 +33,7 @@ void ScrollIndicator::show(const CGRect& visible, CGFloat contentHeight) {
     const CGFloat length =
         std::min(track, std::max(leastLength, track * visible.size.height / contentHeight));
     const CGFloat way = visible.origin.y / (contentHeight - visible.size.height);
-    const CGFloat top = margin + (track - length) * std::clamp(way, 0.0, 1.0);
+    const CGFloat top = endMargin + (track - length) * std::clamp(way, 0.0, 1.0);
     setFrame({{CGRectGetMaxX(visible) - margin - width, visible.origin.y + top}, {width, length}});
 }
 

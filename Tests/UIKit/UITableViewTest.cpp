@@ -522,9 +522,9 @@ TEST_F(UITableViewTest, AnIndicatorShowsWhichPartIsInSight) {
     show({9});
     const auto indicator = table->subviews().back();
     EXPECT_EQ(Foundation::as<UITableViewCell>(indicator), nullptr);
-    EXPECT_EQ(indicator->frame(), CGRectMake(193, 3, 4, 96));
+    EXPECT_EQ(indicator->frame(), CGRectMake(193, 7, 4, 92));
     table->setContentOffset(1000.0);
-    EXPECT_EQ(indicator->frame(), CGRectMake(193, 396 - 3 - 96, 4, 96));
+    EXPECT_EQ(indicator->frame(), CGRectMake(193, 396 - 7 - 92, 4, 92));
     EXPECT_EQ(table->subviews().back(), indicator);
     source->counts = {4};
     table->reloadData();

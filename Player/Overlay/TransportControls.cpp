@@ -92,7 +92,7 @@ void TransportControls::show(const PlaybackState& state, double position, bool i
             seekBar_->disable();
         }
         // In another film the handle has nowhere to travel from.
-        seekBar_->setCurrentValue(static_cast<float>(position));
+        seekBar_->setCurrentValue(duration_ ? static_cast<float>(position) : 0.0F);
     }
     position_ = isScrubbing() ? scrubTime() : position;
     moveHandle(position_);

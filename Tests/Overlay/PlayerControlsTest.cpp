@@ -145,6 +145,7 @@ TEST_F(PlayerControlsTest, UnknownLengthShowsNoneAndTakesNoSeeks) {
     playback.now.position = 5.0;
     playback.tell();
     EXPECT_EQ(texts(), (Story{"A film", "00:05"}));
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 0.0);
     EXPECT_EQ(tap(trackMiddle), Story());
 }
 

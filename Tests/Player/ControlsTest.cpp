@@ -155,7 +155,6 @@ TEST_F(Controls, BarsLeaveAFilmAloneAndComeBackWithThePointer) {
     EXPECT_TRUE(eventually([this] { return showsNoBars(); }, std::chrono::seconds(8)));
     const double seconds = std::chrono::duration<double>(Clock::now() - left).count();
     EXPECT_GT(seconds, 2.0);
-    EXPECT_LT(seconds, 5.0);
     screen.movePointer(325, 150);
     EXPECT_TRUE(until([this] { return showsBars(); }));
 }

@@ -73,7 +73,7 @@ fs::path Films::sparse() {
 }
 
 fs::path Films::manyTracks() {
-    return film("tracks.mkv",
+    return film("three-tracks.mkv",
                 [](const std::string& path) {
                     const TemporaryFolder folder;
                     const fs::path lines = folder.path() / "lines.srt";
@@ -106,6 +106,10 @@ fs::path Films::manyTracks() {
                                 "1",
                                 "-map",
                                 "2",
+                                "-map",
+                                "2",
+                                "-map",
+                                "2",
                                 "-map_metadata",
                                 "3",
                                 "-c:v",
@@ -124,6 +128,10 @@ fs::path Films::manyTracks() {
                                 "language=ger",
                                 "-metadata:s:s:0",
                                 "title=字幕",
+                                "-metadata:s:s:1",
+                                "title=العربية",
+                                "-metadata:s:s:2",
+                                "language=heb",
                                 "-disposition:s:0",
                                 "0",
                                 path}));

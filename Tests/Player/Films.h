@@ -20,7 +20,8 @@ public:
     /// Six seconds with a key frame every two.
     static std::filesystem::path sparse();
 
-    /// Five seconds with a title, two chapters, three sounds and subtitles, named in several scripts or not.
+    /// Five seconds with a title, two chapters, three sounds and three subtitles, named in several scripts or
+    /// not.
     static std::filesystem::path manyTracks();
 
     /// Two seconds of sound without a picture.

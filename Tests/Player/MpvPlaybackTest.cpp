@@ -237,7 +237,9 @@ TEST(MpvPlayback, TellsTitleTracksAndChapters) {
     EXPECT_THAT(run.state().tracks, ElementsAre(Overlay::Track{TrackKind::Audio, 1, "Комментарий", true},
                                                 Overlay::Track{TrackKind::Audio, 2, "ger 2", false},
                                                 Overlay::Track{TrackKind::Audio, 3, "Track 3", false},
-                                                Overlay::Track{TrackKind::Subtitle, 1, "字幕", false}));
+                                                Overlay::Track{TrackKind::Subtitle, 1, "字幕", false},
+                                                Overlay::Track{TrackKind::Subtitle, 2, "العربية", false},
+                                                Overlay::Track{TrackKind::Subtitle, 3, "heb 3", false}));
     EXPECT_THAT(run.state().chapters,
                 ElementsAre(Overlay::Chapter{0.0, "Öffnung"}, Overlay::Chapter{2.5, "終わり"}));
 }

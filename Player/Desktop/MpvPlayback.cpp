@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -123,8 +124,9 @@ void MpvPlayback::handle(const mpv_event& event) {
 }
 
 void MpvPlayback::noteLog(const mpv_event_log_message& message) {
-    if (onNotice_ && std::string(message.prefix).starts_with("ipc")) {
-        onNotice_("cannot be reached by other programs: " + std::string(message.text));
+    if (onNotice_ && std::string_view(message.prefix).starts_with("ipc")) {
+        const std::string_view text = message.text;
+        onNotice_("cannot be reached by other programs: " + std::string(text.substr(0, text.find('\n'))));
     }
 }
 

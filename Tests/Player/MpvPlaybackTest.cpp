@@ -293,6 +293,12 @@ TEST(MpvPlayback, HandlerIsNeverCalledFromInsideACommand) {
     EXPECT_GT(run.changes, before);
 }
 
+TEST(MpvPlayback, SocketThatCannotBeMadeIsTold) {
+    PlaybackRun run(MpvPlayback::Settings{.ipcServer = "/nowhere/socket"});
+    EXPECT_TRUE(run.until([&] { return !run.notices.empty(); }));
+    EXPECT_THAT(run.notices, ElementsAre("cannot be reached by other programs: Could not bind IPC socket"));
+}
+
 TEST(MpvPlayback, UnplayableFilmIsAnErrorThatCanBeTriedAgain) {
     const TemporaryFolder folder;
     const fs::path film = folder.path() / "late.mkv";

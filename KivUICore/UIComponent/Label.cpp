@@ -4,6 +4,9 @@
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/UIKit/UILabel.h"
 
+#include <array>
+#include <charconv>
+
 namespace KivUICore {
 
 using UIKit::UILabel;
@@ -14,10 +17,15 @@ namespace {
 constexpr float leastTime = -9223372036854775808.0F;
 constexpr float greatestTime = 9223371487098961920.0F;
 
+// Enough for the hours of either.
+constexpr std::size_t longestText = 32;
+
 // Negative parts get their zero too, in front of the sign.
-std::string padded(std::int64_t part) {
-    const std::string digits = std::to_string(part);
-    return part < 10 ? "0" + digits : digits;
+char* writePadded(char* at, char* end, std::int64_t part) {
+    if (part < 10) {
+        *at++ = '0';
+    }
+    return std::to_chars(at, end, part).ptr;
 }
 
 } // namespace
@@ -64,8 +72,17 @@ std::string Label::formatSeconds(float seconds) {
         Foundation::stopSilently();
     }
     const Time time = secondsToHoursMinutesSeconds(static_cast<std::int64_t>(seconds));
-    const std::string minutesAndSeconds = padded(time.minutes) + ":" + padded(time.seconds);
-    return time.hours == 0 ? minutesAndSeconds : padded(time.hours) + ":" + minutesAndSeconds;
+    std::array<char, longestText> text;
+    char* const end = text.data() + text.size();
+    char* at = text.data();
+    if (time.hours != 0) {
+        at = writePadded(at, end, time.hours);
+        *at++ = ':';
+    }
+    at = writePadded(at, end, time.minutes);
+    *at++ = ':';
+    at = writePadded(at, end, time.seconds);
+    return {text.data(), at};
 }
 
 Label::Time Label::secondsToHoursMinutesSeconds(std::int64_t seconds) {

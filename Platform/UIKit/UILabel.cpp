@@ -43,9 +43,10 @@ void UILabel::setText(const std::optional<std::string>& text) {
     if (text == text_) {
         return;
     }
-    const bool isShown = text_.value_or("") != text.value_or("");
+    // No text and one without a character look alike.
+    const bool isSeen = (text_ && !text_->empty()) || (text && !text->empty());
     text_ = text;
-    if (isShown) {
+    if (isSeen) {
         setNeedsDisplay();
     }
 }

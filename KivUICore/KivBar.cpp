@@ -10,6 +10,8 @@
 #include "Platform/UIKit/UIGraphics.h"
 #include "Platform/UIKit/UIImage.h"
 
+#include <functional>
+
 namespace KivUICore {
 
 using namespace CoreGraphics;
@@ -245,7 +247,9 @@ void KivBar::updateBarFrameWithFrame(const CGRect& frame) {
             slots[index]->setFrame(relaidSlot(index, barRect.size, x));
         }
     };
-    UIView::animateWithDuration(animationDuration, 0.0, animationOptions, layOut, [](bool /*finished*/) {});
+    // By reference: it is run at once, and too large to be copied without an allocation.
+    UIView::animateWithDuration(animationDuration, 0.0, animationOptions, std::cref(layOut),
+                                [](bool /*finished*/) {});
 }
 
 CGFloat KivBar::getCurrentWidth() const {

@@ -65,11 +65,6 @@ bool CGAffineTransformIsIdentity(const CGAffineTransform& transform) {
     return transform == CGAffineTransform{};
 }
 
-CGPoint CGPointApplyAffineTransform(const CGPoint& point, const CGAffineTransform& transform) {
-    return {transform.a * point.x + transform.c * point.y + transform.tx,
-            transform.b * point.x + transform.d * point.y + transform.ty};
-}
-
 CGSize CGSizeApplyAffineTransform(const CGSize& size, const CGAffineTransform& transform) {
     return {transform.a * size.width + transform.c * size.height,
             transform.b * size.width + transform.d * size.height};

@@ -35,7 +35,10 @@ std::optional<CGAffineTransform> CGAffineTransformInvert(const CGAffineTransform
 
 bool CGAffineTransformIsIdentity(const CGAffineTransform& transform);
 
-CGPoint CGPointApplyAffineTransform(const CGPoint& point, const CGAffineTransform& transform);
+constexpr CGPoint CGPointApplyAffineTransform(const CGPoint& point, const CGAffineTransform& transform) {
+    return {transform.a * point.x + transform.c * point.y + transform.tx,
+            transform.b * point.x + transform.d * point.y + transform.ty};
+}
 
 /// The size as a vector: translation plays no part, and the result may be negative.
 CGSize CGSizeApplyAffineTransform(const CGSize& size, const CGAffineTransform& transform);

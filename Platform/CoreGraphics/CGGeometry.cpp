@@ -86,12 +86,8 @@ Span integral(const Span& span) {
 
 CGRect CGRectStandardize(const CGRect& rect) { return rectOfSpans(horizontalSpan(rect), verticalSpan(rect)); }
 
-CGFloat CGRectGetWidth(const CGRect& rect) { return std::abs(rect.size.width); }
-CGFloat CGRectGetHeight(const CGRect& rect) { return std::abs(rect.size.height); }
 CGFloat CGRectGetMinX(const CGRect& rect) { return horizontalSpan(rect).start; }
 CGFloat CGRectGetMinY(const CGRect& rect) { return verticalSpan(rect).start; }
-CGFloat CGRectGetMidX(const CGRect& rect) { return rect.origin.x + rect.size.width / 2.0; }
-CGFloat CGRectGetMidY(const CGRect& rect) { return rect.origin.y + rect.size.height / 2.0; }
 CGFloat CGRectGetMaxX(const CGRect& rect) { return horizontalSpan(rect).end(); }
 CGFloat CGRectGetMaxY(const CGRect& rect) { return verticalSpan(rect).end(); }
 

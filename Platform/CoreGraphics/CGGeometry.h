@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 namespace CoreGraphics {
 
 /// A coordinate or length in points.
@@ -38,12 +40,12 @@ constexpr CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height)
 CGRect CGRectStandardize(const CGRect& rect);
 
 /// Width and height of the standardized rectangle: never negative.
-CGFloat CGRectGetWidth(const CGRect& rect);
-CGFloat CGRectGetHeight(const CGRect& rect);
+inline CGFloat CGRectGetWidth(const CGRect& rect) { return std::abs(rect.size.width); }
+inline CGFloat CGRectGetHeight(const CGRect& rect) { return std::abs(rect.size.height); }
 CGFloat CGRectGetMinX(const CGRect& rect);
 CGFloat CGRectGetMinY(const CGRect& rect);
-CGFloat CGRectGetMidX(const CGRect& rect);
-CGFloat CGRectGetMidY(const CGRect& rect);
+constexpr CGFloat CGRectGetMidX(const CGRect& rect) { return rect.origin.x + rect.size.width / 2.0; }
+constexpr CGFloat CGRectGetMidY(const CGRect& rect) { return rect.origin.y + rect.size.height / 2.0; }
 CGFloat CGRectGetMaxX(const CGRect& rect);
 CGFloat CGRectGetMaxY(const CGRect& rect);
 

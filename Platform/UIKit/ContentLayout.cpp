@@ -14,8 +14,4 @@ CGSize sizeFittedInto(const CGSize& size, const CGSize& space) {
     return {size.width * scale, size.height * scale};
 }
 
-CGRect rectCenteredIn(const CGRect& rect, const CGSize& size) {
-    return {{CGRectGetMidX(rect) - size.width / 2.0, CGRectGetMidY(rect) - size.height / 2.0}, size};
-}
-
 } // namespace UIKit

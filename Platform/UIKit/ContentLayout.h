@@ -9,6 +9,9 @@ namespace UIKit {
 CoreGraphics::CGSize sizeFittedInto(const CoreGraphics::CGSize& size, const CoreGraphics::CGSize& space);
 
 /// A rectangle of the size around the middle of another.
-CoreGraphics::CGRect rectCenteredIn(const CoreGraphics::CGRect& rect, const CoreGraphics::CGSize& size);
+constexpr CoreGraphics::CGRect rectCenteredIn(const CoreGraphics::CGRect& rect,
+                                              const CoreGraphics::CGSize& size) {
+    return {{CGRectGetMidX(rect) - size.width / 2.0, CGRectGetMidY(rect) - size.height / 2.0}, size};
+}
 
 } // namespace UIKit

@@ -3,6 +3,7 @@
 #include "Platform/Foundation/ClassBuilder.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace UIKit {
 
@@ -65,14 +66,15 @@ void UIControl::removeTarget(const std::shared_ptr<Foundation::NSObject>& target
 
 void UIControl::sendActionsForControlEvents(UIControlEvents events) {
     const auto isFor = [events](const Registration& each) { return (each.events & events) != 0; };
-    if (std::none_of(registrations_.begin(), registrations_.end(), isFor)) {
+    std::vector<Registration> snapshot;
+    std::copy_if(registrations_.begin(), registrations_.end(), std::back_inserter(snapshot), isFor);
+    if (snapshot.empty()) {
         return;
     }
     const std::shared_ptr<UIControl> sender = self(this);
-    const std::vector<Registration> snapshot = registrations_;
     for (const Registration& each : snapshot) {
         const std::shared_ptr<Foundation::NSObject> target = each.target.lock();
-        const Registration* present = target && isFor(each) ? find(each.target, each.action) : nullptr;
+        const Registration* present = target ? find(each.target, each.action) : nullptr;
         if (!present || !isFor(*present)) {
             continue;
         }

@@ -247,8 +247,10 @@ CGRect UISlider::thumbTarget() const {
 }
 
 std::optional<float> UISlider::valueForThumbCenter(CGFloat x) const {
-    const CGFloat start = CGRectGetMidX(thumbRect(bounds(), minimumValue_));
-    const CGFloat way = CGRectGetMidX(thumbRect(bounds(), maximumValue_)) - start;
+    const CGRect within = bounds();
+    const CGRect track = trackRectForBounds(within);
+    const CGFloat start = CGRectGetMidX(thumbRectForBounds(within, track, minimumValue_));
+    const CGFloat way = CGRectGetMidX(thumbRectForBounds(within, track, maximumValue_)) - start;
     if (way == 0.0 || !std::isfinite(way) || !std::isfinite(x)) {
         return std::nullopt;
     }

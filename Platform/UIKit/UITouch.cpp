@@ -1,22 +1,15 @@
 #include "Platform/UIKit/UITouch.h"
 
-#include "Platform/UIKit/UIWindow.h"
+#include "Platform/UIKit/UIView.h"
 
 namespace UIKit {
 
 using namespace CoreGraphics;
 
-namespace {
+CGPoint UITouch::locationInView(const UIView& in) const { return in.pointFromWindow(location); }
 
-CGPoint locate(const CGPoint& location, const UIView& view) {
-    const std::shared_ptr<UIWindow> window = view.window();
-    return window ? window->convertPointToView(location, view) : CGPoint{};
+CGPoint UITouch::previousLocationInView(const UIView& in) const {
+    return in.pointFromWindow(previousLocation);
 }
-
-} // namespace
-
-CGPoint UITouch::locationInView(const UIView& in) const { return locate(location, in); }
-
-CGPoint UITouch::previousLocationInView(const UIView& in) const { return locate(previousLocation, in); }
 
 } // namespace UIKit

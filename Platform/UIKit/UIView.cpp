@@ -370,11 +370,11 @@ std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
     std::shared_ptr<UIView> alive = self(this);
     const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
     for (auto each = subviews.rbegin(); each != subviews.rend(); ++each) {
-        const std::optional<CGAffineTransform> inwards = (*each)->geometry_.fromSuperview();
-        if (!inwards || (*each)->superview_ != this) {
+        const std::optional<CGPoint> inside = (*each)->geometry_.pointFromSuperview(point);
+        if (!inside || (*each)->superview_ != this) {
             continue;
         }
-        if (std::shared_ptr<UIView> hit = (*each)->hitTest(CGPointApplyAffineTransform(point, *inwards))) {
+        if (std::shared_ptr<UIView> hit = (*each)->hitTest(*inside)) {
             return hit;
         }
     }
@@ -393,10 +393,24 @@ CGAffineTransform UIView::toRoot() const {
     return transform;
 }
 
+std::optional<CGPoint> UIView::pointFromRoot(const CGPoint& point) const {
+    if (!superview_) {
+        return point;
+    }
+    const std::optional<CGPoint> outside = superview_->pointFromRoot(point);
+    return outside ? geometry_.pointFromSuperview(*outside) : std::nullopt;
+}
+
+CGPoint UIView::pointFromWindow(const CGPoint& point) const {
+    return containingWindow() ? pointFromRoot(point).value_or(CGPoint{}) : CGPoint{};
+}
+
 CGPoint UIView::convertPointToView(const CGPoint& point, const UIView& view) const {
-    const std::optional<CGAffineTransform> inwards = CGAffineTransformInvert(view.toRoot());
-    return inwards ? CGPointApplyAffineTransform(CGPointApplyAffineTransform(point, toRoot()), *inwards)
-                   : CGPoint{};
+    CGPoint inRoot = point;
+    for (const UIView* each = this; each->superview_; each = each->superview_) {
+        inRoot = each->geometry_.pointToSuperview(inRoot);
+    }
+    return view.pointFromRoot(inRoot).value_or(CGPoint{});
 }
 
 CGRect UIView::convertRectToView(const CGRect& rect, const UIView& view) const {

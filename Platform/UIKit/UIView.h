@@ -182,6 +182,7 @@ protected:
 private:
     friend class Animator;
     friend class UIWindow;
+    friend struct UITouch;
     friend class ViewRenderer;
 
     AnimatedValues modelValues(AnimatedProperty property) const;
@@ -213,6 +214,8 @@ private:
     void detach();
     void notifyMovedToWindow();
     CoreGraphics::CGAffineTransform toRoot() const;
+    CoreGraphics::CGPoint pointFromWindow(const CoreGraphics::CGPoint& point) const;
+    std::optional<CoreGraphics::CGPoint> pointFromRoot(const CoreGraphics::CGPoint& point) const;
 
     ViewGeometry geometry_;
     CoreGraphics::CGFloat alpha_ = 1.0;

@@ -61,7 +61,7 @@ void UIWindow::sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const
         const std::shared_ptr<UIView> view = found == captures_.end() ? hitTest(location) : nullptr;
         if (view) {
             captures_.push_back({{identifier, phase, now, location, location, nullptr}, view});
-            deliver(Capture(captures_.back()));
+            deliver(captures_.back().touch, view);
         }
         return;
     }
@@ -71,11 +71,12 @@ void UIWindow::sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const
     found->touch.phase = phase;
     found->touch.timestamp = now;
     found->touch.previousLocation = std::exchange(found->touch.location, location);
-    const Capture capture = *found;
+    const UITouch touch = found->touch;
+    const std::shared_ptr<UIView> view = found->view.lock();
     if (phase != UITouchPhase::Moved) {
         captures_.erase(found);
     }
-    deliver(capture);
+    deliver(touch, view);
 }
 
 void UIWindow::cancelTouches() {
@@ -99,30 +100,30 @@ void UIWindow::cancelTouchesIn(const UIView& subtree) {
 }
 
 void UIWindow::cancel(std::vector<Capture>::iterator found) {
-    Capture capture = *found;
+    UITouch touch = found->touch;
+    const std::shared_ptr<UIView> view = found->view.lock();
     captures_.erase(found);
-    capture.touch.phase = UITouchPhase::Cancelled;
-    deliver(capture);
+    touch.phase = UITouchPhase::Cancelled;
+    deliver(touch, view);
 }
 
-void UIWindow::deliver(const Capture& capture) {
-    UITouch touch = capture.touch;
-    touch.view = capture.view.lock();
-    if (!touch.view) {
+void UIWindow::deliver(UITouch touch, const std::shared_ptr<UIView>& view) {
+    if (!view) {
         return;
     }
+    touch.view = view;
     switch (touch.phase) {
     case UITouchPhase::Began:
-        touch.view->touchesBegan(touch);
+        view->touchesBegan(touch);
         break;
     case UITouchPhase::Moved:
-        touch.view->touchesMoved(touch);
+        view->touchesMoved(touch);
         break;
     case UITouchPhase::Ended:
-        touch.view->touchesEnded(touch);
+        view->touchesEnded(touch);
         break;
     case UITouchPhase::Cancelled:
-        touch.view->touchesCancelled(touch);
+        view->touchesCancelled(touch);
         break;
     }
 }

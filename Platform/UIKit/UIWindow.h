@@ -82,7 +82,7 @@ private:
     void cancelTouchesIn(const UIView& subtree);
     std::vector<Capture>::iterator findCapture(UITouchIdentifier identifier);
     void cancel(std::vector<Capture>::iterator found);
-    static void deliver(const Capture& capture);
+    static void deliver(UITouch touch, const std::shared_ptr<UIView>& view);
 
     CoreGraphics::CGFloat contentScale_ = 1.0;
     DamageRegion damage_;

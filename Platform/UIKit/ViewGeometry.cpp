@@ -64,6 +64,11 @@ CGAffineTransform ViewGeometry::toSuperview() const {
                                    CGAffineTransformMakeTranslation(middle.x, middle.y));
 }
 
+CGPoint ViewGeometry::pointToSuperview(const CGPoint& point) const {
+    return isTransformed_ ? CGPointApplyAffineTransform(point, toSuperview())
+                          : CGPoint{point.x + offset().x, point.y + offset().y};
+}
+
 CGRect ViewGeometry::rectToSuperview(const CGRect& rect) const {
     return isTransformed_ ? CGRectApplyAffineTransform(rect, toSuperview())
                           : CGRectOffset(rect, offset().x, offset().y);
@@ -71,6 +76,14 @@ CGRect ViewGeometry::rectToSuperview(const CGRect& rect) const {
 
 std::optional<CGAffineTransform> ViewGeometry::fromSuperview() const {
     return CGAffineTransformInvert(toSuperview());
+}
+
+std::optional<CGPoint> ViewGeometry::pointFromSuperview(const CGPoint& point) const {
+    if (!isTransformed_) {
+        return CGPoint{point.x - offset().x, point.y - offset().y};
+    }
+    const std::optional<CGAffineTransform> inwards = fromSuperview();
+    return inwards ? std::optional(CGPointApplyAffineTransform(point, *inwards)) : std::nullopt;
 }
 
 std::optional<CGRect> ViewGeometry::rectFromSuperview(const CGRect& rect) const {

@@ -41,10 +41,12 @@ public:
 
     /// From the view's own coordinates to its superview's.
     CoreGraphics::CGAffineTransform toSuperview() const;
+    CoreGraphics::CGPoint pointToSuperview(const CoreGraphics::CGPoint& point) const;
     CoreGraphics::CGRect rectToSuperview(const CoreGraphics::CGRect& rect) const;
 
     /// The way back; nothing when the view is scaled to a line or a point.
     std::optional<CoreGraphics::CGAffineTransform> fromSuperview() const;
+    std::optional<CoreGraphics::CGPoint> pointFromSuperview(const CoreGraphics::CGPoint& point) const;
     std::optional<CoreGraphics::CGRect> rectFromSuperview(const CoreGraphics::CGRect& rect) const;
 
 private:

@@ -4,7 +4,12 @@
 
 namespace Overlay {
 
-double FilmCommands::position() const { return seeks_.target().value_or(playback_.state().position); }
+// The last picture stands a little before the end.
+double FilmCommands::position() const {
+    const PlaybackState& state = playback_.state();
+    const double present = state.hasEnded ? state.duration.value_or(state.position) : state.position;
+    return seeks_.target().value_or(present);
+}
 
 void FilmCommands::togglePlay() {
     const PlaybackState& state = playback_.state();

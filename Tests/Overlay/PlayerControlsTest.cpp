@@ -98,6 +98,14 @@ TEST_F(PlayerControlsTest, PlayButtonPlaysAnEndedFilmAgain) {
     EXPECT_EQ(tap(playButton), Story{"play"});
 }
 
+TEST_F(PlayerControlsTest, EndedFilmIsAtItsEndThoughItsLastPictureIsBeforeThat) {
+    playback.now.position = 99.97;
+    playback.now.hasEnded = true;
+    playback.tell();
+    EXPECT_EQ(texts()[1], "01:40");
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 100.0);
+}
+
 TEST_F(PlayerControlsTest, MuteButtonSwitchesTheSoundOffAndOn) {
     EXPECT_EQ(tap(muteButton), Story{"mute"});
     EXPECT_EQ(tap(muteButton), Story{"unmute"});

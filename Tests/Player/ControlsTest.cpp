@@ -170,9 +170,11 @@ TEST_F(Controls, KeysMoveTheFilm) {
     const std::vector<std::pair<unsigned long, double>> keys{{XK_5, 6.0},     {XK_Right, 11.0},
                                                              {XK_Left, 6.0},  {XK_period, 6.0 + 1.0 / 30.0},
                                                              {XK_comma, 6.0}, {XK_Home, 0.0}};
-    for (const auto& [key, time] : keys) {
-        screen.pressKey(key);
-        EXPECT_TRUE(until([&] { return isNear(time, 0.02); })) << key << " " << position().value_or(-1.0);
+    for (const auto& step : keys) {
+        const double time = step.second;
+        screen.pressKey(step.first);
+        EXPECT_TRUE(until([&] { return isNear(time, 0.02); }))
+            << step.first << " " << position().value_or(-1.0);
     }
     screen.pressKey(XK_End);
     EXPECT_TRUE(until([&] { return position().value_or(0.0) > 11.8; })) << position().value_or(-1.0);

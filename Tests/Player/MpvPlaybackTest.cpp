@@ -127,6 +127,22 @@ TEST(MpvPlayback, SeeksInSoundAlone) {
     EXPECT_TRUE(run.until([&] { return !run.state().isSeeking; }));
 }
 
+TEST(MpvPlayback, SeekInAStreamIsNeverStuck) {
+    const TemporaryFolder folder;
+    const fs::path pipe = folder.path() / "pipe";
+    Process writer(
+        {"sh", "-c", "mkfifo \"$2\" && cat \"$1\" >\"$2\"", "sh", Films::sample().string(), pipe.string()});
+    ASSERT_TRUE(eventually([&] { return fs::exists(pipe); }));
+    PlaybackRun run(MpvPlayback::Start::Running);
+    ASSERT_TRUE(run.open(pipe.string()));
+    for (const double time : {9.0, 1.0, 5.0}) {
+        run.playback.seek(time, SeekPrecision::Exact);
+        EXPECT_TRUE(run.until([&] { return !run.state().isSeeking; })) << time;
+        const double now = run.state().position;
+        EXPECT_TRUE(run.until([&] { return run.state().position != now || run.state().hasEnded; })) << time;
+    }
+}
+
 TEST(MpvPlayback, FilmEndsOnItsLastPictureAndNobodyPausedIt) {
     PlaybackRun run(MpvPlayback::Start::Running);
     ASSERT_TRUE(run.open(Films::sample().string(), 11.5));

@@ -4,12 +4,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstring>
 
 namespace Desktop {
 
 namespace {
 
 using namespace CoreGraphics;
+
+constexpr std::size_t bytesPerPixel = 4;
 
 PixelRect pixelsAround(const CGRect& rect, double scale, const PixelSize& size) {
     const auto outwards = [scale](double low, double high, int limit) {
@@ -30,6 +34,18 @@ OverlaySurface::OverlaySurface(const PixelSize& size, double scale, CairoResourc
     : size_(size), scale_(scale),
       surface_(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, size.width, size.height)),
       context_(surface_.get(), scale, resources) {}
+
+bool OverlaySurface::isBlank() const {
+    const unsigned char* row = cairo_image_surface_get_data(surface_.get());
+    const std::ptrdiff_t stride = cairo_image_surface_get_stride(surface_.get());
+    const std::vector<unsigned char> blank(static_cast<std::size_t>(size_.width) * bytesPerPixel);
+    for (int y = 0; y < size_.height; ++y, row += stride) {
+        if (std::memcmp(row, blank.data(), blank.size()) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
 
 std::span<const PixelRect> OverlaySurface::draw(UIKit::UIWindow& window) {
     changed_.clear();

@@ -22,6 +22,9 @@ public:
     const PixelSize& size() const { return size_; }
     cairo_surface_t* surface() const { return surface_.get(); }
 
+    /// True where nothing is to be seen. Looks at the pixels.
+    bool isBlank() const;
+
     /// Draws what `window` needs drawn, and says which pixels that changed. Valid until the next call.
     std::span<const PixelRect> draw(UIKit::UIWindow& window);
 

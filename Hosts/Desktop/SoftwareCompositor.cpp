@@ -40,8 +40,15 @@ void SoftwareCompositor::show(const OverlaySurface& overlay, std::span<const Pix
     const PixelRect all{0, 0, overlay.size().width, overlay.size().height};
     const std::span<const PixelRect> parts = isAllChanged_ ? std::span(&all, 1) : changed;
     isAllChanged_ = false;
-    compose(overlay, parts);
-    present(parts);
+    if (!changed.empty()) {
+        isOverlayBlank_ = overlay.isBlank();
+    }
+    if (isOverlayBlank_) {
+        present(filmPixels_.surface(), parts);
+    } else {
+        compose(overlay, parts);
+        present(composed_.get(), parts);
+    }
     if (isNewFrame) {
         film_.frameWasShown();
     }
@@ -63,14 +70,14 @@ void SoftwareCompositor::compose(const OverlaySurface& overlay, std::span<const 
 }
 
 // The window's surface may be gone or of another size at any time: the window may have been resized again.
-void SoftwareCompositor::present(std::span<const PixelRect> parts) {
+void SoftwareCompositor::present(cairo_surface_t* picture, std::span<const PixelRect> parts) {
     SDL_Surface* target = SDL_GetWindowSurface(&window_);
     if (!target) {
         return;
     }
     const std::unique_ptr<SDL_Surface, SurfaceRelease> source(SDL_CreateRGBSurfaceWithFormatFrom(
-        cairo_image_surface_get_data(composed_.get()), cairo_image_surface_get_width(composed_.get()),
-        cairo_image_surface_get_height(composed_.get()), 32, cairo_image_surface_get_stride(composed_.get()),
+        cairo_image_surface_get_data(picture), cairo_image_surface_get_width(picture),
+        cairo_image_surface_get_height(picture), 32, cairo_image_surface_get_stride(picture),
         SDL_PIXELFORMAT_RGB888));
     rects_.clear();
     for (const PixelRect& part : parts) {

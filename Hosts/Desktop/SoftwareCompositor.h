@@ -27,7 +27,7 @@ private:
     SoftwareCompositor(SDL_Window& window, FilmSource& film) : window_(window), film_(film) {}
 
     void compose(const OverlaySurface& overlay, std::span<const PixelRect> parts);
-    void present(std::span<const PixelRect> parts);
+    void present(cairo_surface_t* picture, std::span<const PixelRect> parts);
 
     SDL_Window& window_;
     FilmSource& film_;
@@ -35,6 +35,7 @@ private:
     CairoSurface composed_;
     bool isAllChanged_ = true;
     bool isFilmStale_ = true;
+    bool isOverlayBlank_ = false;
     std::vector<SDL_Rect> rects_;
 };
 

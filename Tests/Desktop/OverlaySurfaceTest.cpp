@@ -53,6 +53,20 @@ protected:
     std::shared_ptr<UIKit::UIView> view = make<UIKit::UIView>(CGRectMake(3.0, 5.0, 21.0, 7.0));
 };
 
+TEST_P(OverlaySurfaceAtScale, IsBlankWhileNoViewIsSeen) {
+    OverlaySurface surface(size(), GetParam(), resources);
+    EXPECT_TRUE(surface.isBlank());
+    surface.draw(*window);
+    EXPECT_FALSE(surface.isBlank());
+    view->setAlpha(0.0);
+    surface.draw(*window);
+    EXPECT_TRUE(surface.isBlank());
+    view->setAlpha(1.0);
+    view->setFrame(CGRectMake(59.0, 39.0, 1.0, 1.0));
+    surface.draw(*window);
+    EXPECT_FALSE(surface.isBlank());
+}
+
 TEST_P(OverlaySurfaceAtScale, DrawsEverythingAtFirstAndNothingWithoutAChange) {
     OverlaySurface surface(size(), GetParam(), resources);
     EXPECT_THAT(surface.draw(*window), testing::ElementsAre(PixelRect{0, 0, size().width, size().height}));

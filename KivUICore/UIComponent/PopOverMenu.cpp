@@ -165,7 +165,7 @@ std::int64_t PopOverMenu::tableViewNumberOfRowsInSection(const std::shared_ptr<U
 std::shared_ptr<UITableViewCell>
 PopOverMenu::tableViewCellForRowAtIndexPath(const std::shared_ptr<UITableView>& /*tableView*/,
                                             const std::shared_ptr<NSIndexPath>& indexPath) {
-    const auto cell = Foundation::make<UITableViewCell>(UIKit::UITableViewCellStyle::Default, "cell");
+    auto cell = Foundation::make<UITableViewCell>(UIKit::UITableViewCellStyle::Default, "cell");
     const std::shared_ptr<PopOverButton> button = buttonAt(indexPath->row());
     if (const std::shared_ptr<UIKit::UILabel> label = cell->textLabel()) {
         label->setText(button ? button->text() : std::nullopt);

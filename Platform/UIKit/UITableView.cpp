@@ -232,9 +232,9 @@ void UITableView::setFrame(const CGRect& frame) {
     }
 }
 
-void UITableView::setBounds(const CGRect& changed) {
-    if (changed != bounds()) {
-        UIView::setBounds(changed);
+void UITableView::setBounds(const CGRect& bounds) {
+    if (bounds != this->bounds()) {
+        UIView::setBounds(bounds);
         needsCells_ = true;
         update();
     }

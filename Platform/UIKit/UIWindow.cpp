@@ -155,7 +155,7 @@ void UIWindow::addModalView(const std::shared_ptr<UIView>& view, const std::shar
 
 std::shared_ptr<UIView> UIWindow::modalView() const {
     for (auto each = modalViews_.rbegin(); each != modalViews_.rend(); ++each) {
-        const std::shared_ptr<UIView> view = each->view.lock();
+        std::shared_ptr<UIView> view = each->view.lock();
         if (view && view->superview().get() == this && view->isUserInteractionEnabled()) {
             return view;
         }

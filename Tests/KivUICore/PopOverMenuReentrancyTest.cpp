@@ -16,8 +16,26 @@ struct Deed {
     std::string action;
 };
 
+/// A menu that says when it goes. Watched otherwise, its memory would stay, and use of it go unnoticed.
+class MortalMenu : public PopOverMenu {
+public:
+    bool* isGone = nullptr;
+
+protected:
+    void dealloc() override {
+        *isGone = true;
+        PopOverMenu::dealloc();
+    }
+};
+
 class PopOverMenuReentrancyTest : public MenuTest, public testing::WithParamInterface<Deed> {
 protected:
+    PopOverMenuReentrancyTest() {
+        auto mortal = make<MortalMenu>(CGRectMake(0, 0, 200, 132), entries({"a", "b", "c"}), watcher);
+        mortal->isGone = &isGone;
+        menu = std::move(mortal);
+    }
+
     void act() {
         const std::string& action = GetParam().action;
         if (action == "tear down") {
@@ -40,11 +58,11 @@ protected:
 
     Story others;
     std::shared_ptr<Watcher> other = make<Watcher>(others);
-    std::shared_ptr<PopOverMenu> menu = makeMenu({"a", "b", "c"});
+    bool isGone = false;
+    std::shared_ptr<PopOverMenu> menu;
 };
 
 TEST_P(PopOverMenuReentrancyTest, DoesNoHarm) {
-    const std::weak_ptr<PopOverMenu> weak = menu;
     bool isFirst = true;
     watcher->reaction = [&](const std::string& operation) {
         if (operation.rfind(GetParam().callback, 0) == 0 && std::exchange(isFirst, false)) {
@@ -60,7 +78,7 @@ TEST_P(PopOverMenuReentrancyTest, DoesNoHarm) {
     EXPECT_FALSE(isFirst);
     if (GetParam().action == "tear down") {
         EXPECT_EQ(menu, nullptr);
-        EXPECT_TRUE(weak.expired());
+        EXPECT_TRUE(isGone);
         EXPECT_TRUE(host.window()->subviews().empty());
         return;
     }

@@ -419,6 +419,18 @@ TEST_F(PopoverTest, AnyCallbackMayTakeThePresentingViewOut) {
     }
 }
 
+/// A controller that says when it goes. Watched otherwise, its memory would stay, and use of it go unnoticed.
+class MortalController : public UIViewController {
+public:
+    bool* isGone = nullptr;
+
+protected:
+    void dealloc() override {
+        *isGone = true;
+        UIViewController::dealloc();
+    }
+};
+
 TEST_F(PopoverTest, AnyCallbackMayLetBothControllersGo) {
     for (const char* moment : {"style", "prepare", "dismissed"}) {
         SCOPED_TRACE(moment);
@@ -426,9 +438,11 @@ TEST_F(PopoverTest, AnyCallbackMayLetBothControllersGo) {
         presenting = make<UIViewController>();
         presenting->setView(make<UIView>(host.window()->bounds()));
         host.window()->addSubview(presenting->view());
-        presented = make<UIViewController>();
+        bool isGone = false;
+        auto mortal = make<MortalController>();
+        mortal->isGone = &isGone;
+        presented = std::move(mortal);
         presented->setModalPresentationStyle(UIModalPresentationStyle::Popover);
-        const std::weak_ptr<UIViewController> weak = presented;
         delegate->onCall = [&](const std::string& what) {
             if (what == moment) {
                 presenting = nullptr;
@@ -436,14 +450,13 @@ TEST_F(PopoverTest, AnyCallbackMayLetBothControllersGo) {
                 delegate = nullptr;
             }
         };
-        const auto over = presenting;
         show();
         host.tap({2, 238});
         host.advance(1.0);
         EXPECT_EQ(presented, nullptr);
         host.window()->subviews().back()->removeFromSuperview();
         host.advance(1.0);
-        EXPECT_TRUE(weak.expired());
+        EXPECT_TRUE(isGone);
     }
 }
 

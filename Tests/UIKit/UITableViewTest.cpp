@@ -289,27 +289,40 @@ TEST_F(UITableViewTest, ADataSourceMayDieInMidReload) {
     }
 }
 
+/// A table that says when it goes. Watched otherwise, its memory would stay, and use of it go unnoticed.
+class MortalTable : public UITableView {
+public:
+    bool* isGone = nullptr;
+
+protected:
+    void dealloc() override {
+        *isGone = true;
+        UITableView::dealloc();
+    }
+};
+
 TEST_F(UITableViewTest, AnyAnswerMayTearTheTableDown) {
-    for (const char* moment : {"sections", "rows 0", "cell 0.0", "chose 0.0"}) {
+    for (const std::string moment : {"sections", "rows 0", "cell 0.0", "chose 0.0"}) {
         SCOPED_TRACE(moment);
+        bool isGone = false;
         source = makeSource({});
-        table = make<UITableView>(CGRectMake(10, 20, 200, 198));
+        auto mortal = make<MortalTable>(CGRectMake(10, 20, 200, 198));
+        mortal->isGone = &isGone;
+        table = std::move(mortal);
         show({3});
-        const std::weak_ptr<UITableView> weak = table;
         source->onCall = [this, moment](const std::string& what) {
             if (what == moment) {
                 table->removeFromSuperview();
                 table = nullptr;
             }
         };
-        UITableView& asked = *table;
-        if (std::string(moment) == "chose 0.0") {
+        if (moment == "chose 0.0") {
             host.tap(inRow(0));
         } else {
+            UITableView& asked = *table;
             asked.reloadData();
         }
-        EXPECT_EQ(table, nullptr);
-        EXPECT_TRUE(weak.expired());
+        EXPECT_TRUE(isGone);
     }
 }
 

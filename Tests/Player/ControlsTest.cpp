@@ -167,15 +167,21 @@ TEST_F(Controls, BarsStayWhileTheFilmIsPaused) {
 
 TEST_F(Controls, KeysMoveTheFilm) {
     playPaused();
-    const std::vector<std::pair<unsigned long, double>> keys{{XK_5, 6.0},     {XK_Right, 11.0},
-                                                             {XK_Left, 6.0},  {XK_period, 6.0 + 1.0 / 30.0},
-                                                             {XK_comma, 6.0}, {XK_Home, 0.0}};
+    const std::vector<std::pair<unsigned long, double>> keys{
+        {XK_5, 6.0}, {XK_Right, 11.0}, {XK_Left, 6.0}, {XK_Home, 0.0}, {XK_3, 3.6}};
     for (const auto& step : keys) {
         const double time = step.second;
         screen.pressKey(step.first);
-        EXPECT_TRUE(until([&] { return isNear(time, 0.02); }))
+        // The sound may make the film a little longer than its pictures, and a part of it as well.
+        EXPECT_TRUE(until([&] { return isNear(time, 0.06) && !mpv.flag("seeking").value_or(true); }))
             << step.first << " " << position().value_or(-1.0);
     }
+    constexpr double frame = 1.0 / 30.0;
+    const double before = position().value_or(-1.0);
+    screen.pressKey(XK_period);
+    EXPECT_TRUE(until([&] { return isNear(before + frame, frame / 4.0); })) << position().value_or(-1.0);
+    screen.pressKey(XK_comma);
+    EXPECT_TRUE(until([&] { return isNear(before, frame / 4.0); })) << position().value_or(-1.0);
     screen.pressKey(XK_End);
     EXPECT_TRUE(until([&] { return position().value_or(0.0) > 11.8; })) << position().value_or(-1.0);
     EXPECT_TRUE(isPaused());

@@ -86,15 +86,6 @@ Span integral(const Span& span) {
 
 CGRect CGRectStandardize(const CGRect& rect) { return rectOfSpans(horizontalSpan(rect), verticalSpan(rect)); }
 
-CGFloat CGRectGetMinX(const CGRect& rect) { return horizontalSpan(rect).start; }
-CGFloat CGRectGetMinY(const CGRect& rect) { return verticalSpan(rect).start; }
-CGFloat CGRectGetMaxX(const CGRect& rect) { return horizontalSpan(rect).end(); }
-CGFloat CGRectGetMaxY(const CGRect& rect) { return verticalSpan(rect).end(); }
-
-bool CGRectIsEmpty(const CGRect& rect) {
-    return horizontalSpan(rect).isEmpty() || verticalSpan(rect).isEmpty();
-}
-
 bool CGRectContainsPoint(const CGRect& rect, const CGPoint& point) {
     return contains(horizontalSpan(rect), point.x) && contains(verticalSpan(rect), point.y);
 }

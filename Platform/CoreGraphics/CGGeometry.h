@@ -42,16 +42,22 @@ CGRect CGRectStandardize(const CGRect& rect);
 /// Width and height of the standardized rectangle: never negative.
 inline CGFloat CGRectGetWidth(const CGRect& rect) { return std::abs(rect.size.width); }
 inline CGFloat CGRectGetHeight(const CGRect& rect) { return std::abs(rect.size.height); }
-CGFloat CGRectGetMinX(const CGRect& rect);
-CGFloat CGRectGetMinY(const CGRect& rect);
+inline CGFloat CGRectGetMinX(const CGRect& rect) {
+    return rect.size.width < 0.0 ? rect.origin.x + rect.size.width : rect.origin.x;
+}
+inline CGFloat CGRectGetMinY(const CGRect& rect) {
+    return rect.size.height < 0.0 ? rect.origin.y + rect.size.height : rect.origin.y;
+}
 constexpr CGFloat CGRectGetMidX(const CGRect& rect) { return rect.origin.x + rect.size.width / 2.0; }
 constexpr CGFloat CGRectGetMidY(const CGRect& rect) { return rect.origin.y + rect.size.height / 2.0; }
-CGFloat CGRectGetMaxX(const CGRect& rect);
-CGFloat CGRectGetMaxY(const CGRect& rect);
+inline CGFloat CGRectGetMaxX(const CGRect& rect) { return CGRectGetMinX(rect) + CGRectGetWidth(rect); }
+inline CGFloat CGRectGetMaxY(const CGRect& rect) { return CGRectGetMinY(rect) + CGRectGetHeight(rect); }
 
 /// True when the rectangle holds no point: a width or height of zero, or one that is lost in the size of the
 /// origin, or anything that is not a number.
-bool CGRectIsEmpty(const CGRect& rect);
+inline bool CGRectIsEmpty(const CGRect& rect) {
+    return !(CGRectGetMinX(rect) < CGRectGetMaxX(rect) && CGRectGetMinY(rect) < CGRectGetMaxY(rect));
+}
 
 /// True for points on the left and top edges, false for those on the right and bottom ones.
 bool CGRectContainsPoint(const CGRect& rect, const CGPoint& point);

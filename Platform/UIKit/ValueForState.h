@@ -24,7 +24,8 @@ public:
 
     /// What was set for exactly that state, else for the normal one, else an empty value.
     const Value& operator[](UIControlState state) const {
-        return find(has(state) ? state : UIControlStateNormal);
+        const Value& own = find(state);
+        return own != nothing_ ? own : find(UIControlStateNormal);
     }
 
     /// Whether exactly that state has something of its own.

@@ -48,11 +48,6 @@ void ViewGeometry::setTransform(const CGAffineTransform& transform) {
     isTransformed_ = !CGAffineTransformIsIdentity(transform);
 }
 
-// From the view's own coordinates to its superview's, where there is no transform.
-CGPoint ViewGeometry::offset() const {
-    return {box_.origin.x - boundsOrigin_.x, box_.origin.y - boundsOrigin_.y};
-}
-
 CGAffineTransform ViewGeometry::toSuperview() const {
     if (!isTransformed_) {
         return CGAffineTransformMakeTranslation(offset().x, offset().y);

@@ -50,7 +50,10 @@ public:
     std::optional<CoreGraphics::CGRect> rectFromSuperview(const CoreGraphics::CGRect& rect) const;
 
 private:
-    CoreGraphics::CGPoint offset() const;
+    // From the view's own coordinates to its superview's, where there is no transform.
+    CoreGraphics::CGPoint offset() const {
+        return {box_.origin.x - boundsOrigin_.x, box_.origin.y - boundsOrigin_.y};
+    }
 
     CoreGraphics::CGRect box_;
     CoreGraphics::CGPoint boundsOrigin_;

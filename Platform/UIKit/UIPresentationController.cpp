@@ -154,9 +154,6 @@ void UIPresentationController::end() {
     const std::shared_ptr<UIViewController> presenting = presentingViewController();
     const std::shared_ptr<PresentationView> container = std::exchange(container_, nullptr);
     if (presented) {
-        if (const std::shared_ptr<UIViewController> further = presented->presentedViewController_) {
-            further->runningPresentation()->end();
-        }
         presented->presentingViewController_.reset();
         if (presented->presentationController_ == alive) {
             presented->presentationController_ = nullptr;

@@ -145,9 +145,9 @@ TEST_F(PopOverMenuShowingTest, AsAnAnswerItStaysAPopoverInTheSmallestWindow) {
 }
 
 TEST_F(PopOverMenuShowingTest, AMenuThatIsTooHighIsMadeSmallerAndScrolls) {
-    std::vector<std::string> texts;
-    for (int index = 0; index < 200; ++index) {
-        texts.push_back("Track " + std::to_string(index));
+    std::vector<std::string> texts(200);
+    for (std::size_t index = 0; index < texts.size(); ++index) {
+        texts[index] = "Track " + std::to_string(index);
     }
     const auto menu = make<PopOverMenu>(CGRectMake(0, 0, 200, 8800), entries(texts), watcher);
     show(*menu);

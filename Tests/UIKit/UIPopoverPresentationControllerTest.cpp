@@ -180,6 +180,7 @@ TEST_F(PopoverTest, TouchesInsideStayInside) {
     EXPECT_THAT(*inside->log, ElementsAre("inside began 0", "inside ended 0"));
     host.tap({270, 140});
     host.tap({220, 47});
+    host.advance(1.0);
     EXPECT_TRUE(isShown());
     EXPECT_THAT(*below->log, IsEmpty());
     EXPECT_THAT(delegate->log, ElementsAre("style", "prepare"));
@@ -482,6 +483,68 @@ TEST_F(PopoverTest, ShownAgainWhileItFadesOutTheDismissalIsReportedFirst) {
     EXPECT_TRUE(isShown());
     EXPECT_EQ(delegate->log.size(), 5U);
 }
+
+TEST_F(PopoverTest, AnotherOneShownWhileItFadesOutWaitsForItsReportToo) {
+    show();
+    host.tap({20, 200});
+    host.advance(0.1);
+    const auto other = make<UIViewController>();
+    presenting->presentViewController(other, false, nullptr);
+    EXPECT_THAT(delegate->log, ElementsAre("style", "prepare", "dismissed"));
+    EXPECT_EQ(presenting->presentedViewController(), other);
+    EXPECT_FALSE(isShown());
+}
+
+TEST_F(PopoverTest, ShownElsewhereWhileItFadesOutTheDismissalIsReportedFirst) {
+    const auto elsewhere = make<UIViewController>();
+    host.window()->addSubview(elsewhere->view());
+    show();
+    host.tap({20, 200});
+    host.advance(0.1);
+    elsewhere->presentViewController(presented, false, nullptr);
+    EXPECT_THAT(delegate->log, ElementsAre("style", "prepare", "dismissed"));
+    EXPECT_EQ(elsewhere->presentedViewController(), presented);
+    EXPECT_EQ(presenting->presentedViewController(), nullptr);
+    host.advance(1.0);
+    EXPECT_TRUE(isShown());
+}
+
+TEST_F(PopoverTest, ItsOwnViewMayDismissItAsItAppears) {
+    const auto probe = makeProbe(CGRectMake(0, 0, 10, 10));
+    probe->onWindow = [&] { presented->dismissViewControllerAnimated(true, nullptr); };
+    presented->view()->addSubview(probe);
+    show();
+    host.advance(1.0);
+    EXPECT_FALSE(isShown());
+    EXPECT_EQ(presenting->presentedViewController(), nullptr);
+    EXPECT_THAT(delegate->log, ElementsAre("style", "prepare"));
+}
+
+TEST_F(PopoverTest, MayBeDismissedWhileItsViewIsLoaded) {
+    class Leaving : public UIViewController {
+    public:
+        void viewDidLoad() override { dismissViewControllerAnimated(true, nullptr); }
+    };
+    presented = make<Leaving>();
+    presented->setModalPresentationStyle(UIModalPresentationStyle::Popover);
+    show();
+    EXPECT_FALSE(isShown());
+    EXPECT_EQ(presenting->presentedViewController(), nullptr);
+    EXPECT_EQ(host.window()->subviews().size(), 1U);
+}
+
+/// A view that does what a test likes when it is given its place.
+class PlacedView : public UIView {
+public:
+    std::function<void()> onPlace;
+
+    void setFrame(const CGRect& frame) override {
+        UIView::setFrame(frame);
+        if (const auto call = onPlace) {
+            call();
+        }
+    }
+};
 
 TEST_F(PopoverTest, ItsViewsTakenOutByForceEndIt) {
     show();

@@ -42,10 +42,8 @@ protected:
             }
         }
         std::sort(rows.begin(), rows.end());
-        std::vector<std::string> names;
-        for (const auto& row : rows) {
-            names.push_back(row.second);
-        }
+        std::vector<std::string> names(rows.size());
+        std::transform(rows.begin(), rows.end(), names.begin(), [](const auto& each) { return each.second; });
         return names;
     }
 

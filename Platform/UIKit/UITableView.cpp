@@ -120,7 +120,7 @@ void UITableView::showCells() {
     const CGRect visible = CGRectStandardize(bounds());
     const TableRows::Range range = rows_.range(CGRectGetMinY(visible), CGRectGetMaxY(visible));
     removeCellsOutside(range);
-    for (std::int64_t index = range.first; index < range.end; ++index) {
+    for (std::int64_t index = range.first; index < range.end && !needsRows_ && !needsCells_; ++index) {
         if (!visibleCell(index) && !addCell(index)) {
             return;
         }
@@ -223,6 +223,7 @@ void UITableView::setContentOffset(CGFloat offset) {
 }
 
 void UITableView::setFrame(const CGRect& frame) {
+    const std::shared_ptr<UITableView> alive = self(this);
     const CGSize before = bounds().size;
     UIView::setFrame(frame);
     if (bounds().size != before) {
@@ -254,6 +255,13 @@ bool UITableView::scrollBy(const CGPoint& delta) {
 }
 
 // Touches
+
+// A touch on a row is the table's own: it goes on when the row's cell is scrolled out of sight or replaced.
+std::shared_ptr<UIView> UITableView::hitTest(const CGPoint& point) {
+    const std::shared_ptr<UITableView> alive = self(this);
+    std::shared_ptr<UIView> hit = UIView::hitTest(point);
+    return Foundation::as<UITableViewCell>(hit) ? alive : hit;
+}
 
 std::optional<std::int64_t> UITableView::rowAt(const UITouch& touch) const {
     const CGPoint point = touch.locationInView(*this);
@@ -290,11 +298,12 @@ void UITableView::touchesEnded(const UITouch& touch) {
     if (!isPress(touch)) {
         return;
     }
-    const Press press = *std::exchange(press_, std::nullopt);
     const std::shared_ptr<UITableView> alive = self(this);
     highlight(std::nullopt);
-    if (!press.isDrag && press.row && rowAt(touch) == press.row) {
-        choose(*press.row);
+    // Not earlier: cells that are told may have brought other rows.
+    const std::optional<Press> press = std::exchange(press_, std::nullopt);
+    if (press && !press->isDrag && press->row && rowAt(touch) == press->row) {
+        choose(*press->row);
     }
 }
 
@@ -315,7 +324,7 @@ void UITableView::highlight(std::optional<std::int64_t> row) {
     if (before) {
         before->setHighlighted(false);
     }
-    if (const std::shared_ptr<UITableViewCell> cell = visibleCell(row)) {
+    if (const std::shared_ptr<UITableViewCell> cell = visibleCell(highlightedRow_)) {
         cell->setHighlighted(true);
     }
 }
@@ -356,8 +365,9 @@ bool UITableView::keyPressed(const UIKey& key) {
     }
     const std::optional<std::int64_t> row = rowForKey(key);
     if (row) {
-        highlight(std::clamp<std::int64_t>(*row, 0, rows_.count() - 1));
-        scrollIntoSight(*highlightedRow_);
+        const std::int64_t reached = std::clamp<std::int64_t>(*row, 0, rows_.count() - 1);
+        highlight(reached);
+        scrollIntoSight(reached);
     }
     return row.has_value();
 }
@@ -382,7 +392,7 @@ void UITableView::choose(std::int64_t index) {
         cell->setSelected(true, false);
     }
     const std::shared_ptr<UITableViewDelegate> told = delegate();
-    if (told && told->respondsToSelector(didSelect)) {
+    if (selectedRow_ == index && told && told->respondsToSelector(didSelect)) {
         told->send(didSelect, alive, indexPath(index));
     }
 }

@@ -25,6 +25,7 @@ enum class UITableViewStyle : std::int64_t {
 /// doesn't grow with the number of rows. It draws no background and grows with its superview.
 ///
 /// A press highlights a row and a release inside chooses it; a drag scrolls instead, and so does the wheel.
+/// The table takes the touches on its cells itself; those on a view in a cell that takes touches go there.
 /// The keys move a highlight, which stays in sight, and choose.
 ///
 /// Data source and delegate are held weakly. They may do anything when they are asked or told something: what
@@ -71,6 +72,7 @@ public:
     void setFrame(const CoreGraphics::CGRect& frame) override;
     void setBounds(const CoreGraphics::CGRect& bounds) override;
 
+    std::shared_ptr<UIView> hitTest(const CoreGraphics::CGPoint& point) override;
     void touchesBegan(const UITouch& touch) override;
     void touchesMoved(const UITouch& touch) override;
     void touchesEnded(const UITouch& touch) override;

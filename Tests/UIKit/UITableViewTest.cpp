@@ -324,6 +324,23 @@ TEST_F(UITableViewTest, AnyAnswerMayTearTheTableDown) {
     }
 }
 
+TEST_F(UITableViewTest, AnAnswerToANewSizeMayTearItDown) {
+    bool isGone = false;
+    auto mortal = make<MortalTable>(CGRectMake(10, 20, 200, 198));
+    mortal->isGone = &isGone;
+    table = std::move(mortal);
+    show({100});
+    table->setContentOffset(table->bounds().size.height * 100.0);
+    source->onCall = [this](const std::string& /*what*/) {
+        table->removeFromSuperview();
+        table = nullptr;
+        source->onCall = nullptr;
+    };
+    UITableView& resized = *table;
+    resized.setFrame(CGRectMake(10, 20, 200, 280));
+    EXPECT_TRUE(isGone);
+}
+
 TEST_F(UITableViewTest, AnotherDataSourceSetInMidReloadIsAskedInstead) {
     show({3});
     const auto other = makeSource({1});
@@ -335,6 +352,81 @@ TEST_F(UITableViewTest, AnotherDataSourceSetInMidReloadIsAskedInstead) {
     table->reloadData();
     EXPECT_THAT(shownRows(), ElementsAre("0.0"));
     EXPECT_THAT(other->log, ElementsAre("sections", "rows 0", "cell 0.0"));
+}
+
+/// A cell that does what a test likes when it is highlighted, selected or moved.
+class RestlessCell : public UITableViewCell {
+public:
+    std::function<void(const std::string&)> onCall;
+
+    void setFrame(const CGRect& frame) override {
+        UITableViewCell::setFrame(frame);
+        call("moved");
+    }
+    void setHighlighted(bool highlighted) override {
+        UITableViewCell::setHighlighted(highlighted);
+        call(highlighted ? "highlighted" : "highlighted no more");
+    }
+    void setSelected(bool selected, bool animated) override {
+        UITableViewCell::setSelected(selected, animated);
+        call(selected ? "selected" : "selected no more");
+    }
+
+private:
+    void call(const std::string& what) {
+        if (const auto told = onCall) {
+            told(what);
+        }
+    }
+};
+
+/// A source whose cells may all take their rows away.
+class RestlessSource : public ListSource {
+public:
+    std::function<void(const std::string&)> onCellCall;
+
+    std::shared_ptr<UITableViewCell>
+    tableViewCellForRowAtIndexPath(const std::shared_ptr<UITableView>& /*table*/,
+                                   const std::shared_ptr<NSIndexPath>& path) override {
+        EXPECT_LT(path->row(), counts[0]);
+        const auto cell = make<RestlessCell>();
+        cell->onCall = [this](const std::string& what) {
+            if (const auto told = onCellCall) {
+                told(what);
+            }
+        };
+        return cell;
+    }
+};
+
+TEST_F(UITableViewTest, ACellMayTakeTheRowsAway) {
+    for (const std::string moment :
+         {"moved", "highlighted", "highlighted no more", "selected", "selected no more"}) {
+        SCOPED_TRACE(moment);
+        const auto restless = make<RestlessSource>();
+        source = restless;
+        table = make<UITableView>(CGRectMake(10, 20, 200, 198), UITableViewStyle::Plain);
+        show({100});
+        host.tap(inRow(2));
+        source->log.clear();
+        restless->onCellCall = [&](const std::string& what) {
+            if (what == moment) {
+                restless->onCellCall = nullptr;
+                source->counts = {1};
+                table->reloadData();
+            }
+        };
+        host.touchDown(inRow(3));
+        host.touchUp(inRow(3));
+        press(UIKeyboardHIDUsage::DownArrow);
+        press(UIKeyboardHIDUsage::DownArrow);
+        table->setContentOffset(20.0);
+        EXPECT_EQ(restless->onCellCall, nullptr);
+        EXPECT_EQ(table->numberOfRowsInSection(0), 1);
+        const bool isAfterTheChoice = moment == "moved";
+        EXPECT_THAT(source->log, testing::Contains("chose 0.3").Times(isAfterTheChoice ? 1 : 0));
+        table->removeFromSuperview();
+    }
 }
 
 TEST_F(UITableViewDeathTest, ADataSourceWithoutACellIsReported) {
@@ -392,6 +484,19 @@ TEST_F(UITableViewTest, ADragScrollsInsteadOfChoosing) {
     EXPECT_EQ(table->indexPathForSelectedRow(), nullptr);
     host.advance(2.0);
     EXPECT_EQ(table->contentOffset(), 8.0);
+}
+
+TEST_F(UITableViewTest, ADragGoesOnBesideTheTableAndThroughAReload) {
+    show({1000});
+    host.touchDown(inRow(3));
+    host.touchMove({50, 160});
+    host.touchMove({50, -500});
+    EXPECT_EQ(table->contentOffset(), 660.0);
+    host.touchMove({50, -1000});
+    EXPECT_EQ(table->contentOffset(), 1160.0);
+    table->reloadData();
+    host.touchMove({50, -1100});
+    EXPECT_EQ(table->contentOffset(), 1260.0);
 }
 
 TEST_F(UITableViewTest, ADragGoesNoFurtherThanTheEnds) {

@@ -81,6 +81,9 @@ bool UIPresentationController::prepareAndShow(const std::shared_ptr<UIViewContro
     const auto container = Foundation::make<PresentationView>(window->bounds(), self(this));
     container_ = container;
     layOutContent(*container, content);
+    if (state_ != State::Shown || owner->window() != window) {
+        return false;
+    }
     window->addModalView(container, owner);
     return state_ == State::Shown;
 }
@@ -118,13 +121,16 @@ void UIPresentationController::dismiss(Cause cause, bool animated, std::function
     if (state_ == State::Shown) {
         cause_ = cause;
     }
+    if (completion) {
+        completions_.push_back(std::move(completion));
+    }
+    if (state_ == State::Dismissing && animated) {
+        return;
+    }
     if (state_ != State::Shown || !animated) {
-        // One that is fading out already goes on with that.
-        if (state_ != State::Dismissing || !animated) {
-            end();
-        }
-        if (completion) {
-            callSoon(std::move(completion));
+        end();
+        if (!completions_.empty()) {
+            callSoon([alive] { alive->complete(); });
         }
         return;
     }
@@ -133,15 +139,29 @@ void UIPresentationController::dismiss(Cause cause, bool animated, std::function
         presented->presentationController_ = nullptr;
         presented->dismissedController_ = alive;
     }
-    container_->setUserInteractionEnabled(false);
     UIView::animateWithDuration(
         fadeDuration, 0.0, UIViewAnimationOptionCurveEaseIn, [faded = fadedView()] { faded->setAlpha(0.0); },
-        [alive, presented, completion = std::move(completion)](bool /*finished*/) {
+        [alive, presented](bool /*finished*/) {
             alive->end();
-            if (completion) {
-                completion();
-            }
+            alive->complete();
         });
+    stopTouches();
+}
+
+// What is down on it would choose something after it was dismissed.
+void UIPresentationController::stopTouches() {
+    const std::shared_ptr<PresentationView> container = container_;
+    container->setUserInteractionEnabled(false);
+    if (const std::shared_ptr<UIWindow> window = container->window()) {
+        window->cancelTouchesIn(*container);
+    }
+}
+
+void UIPresentationController::complete() {
+    const std::vector<std::function<void()>> completions = std::exchange(completions_, {});
+    for (const std::function<void()>& completion : completions) {
+        completion();
+    }
 }
 
 void UIPresentationController::end() {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace UIKit {
 
@@ -58,6 +59,8 @@ private:
 
     void present(const std::shared_ptr<UIViewController>& presenting, bool animated,
                  std::function<void()> completion);
+    void stopTouches();
+    void complete();
     bool prepareAndShow(const std::shared_ptr<UIViewController>& presenting);
     void dismiss(bool animated, std::function<void()> completion) {
         dismiss(Cause::Program, animated, std::move(completion));
@@ -75,6 +78,9 @@ private:
     std::weak_ptr<UIViewController> presented_;
     std::weak_ptr<UIViewController> presenting_;
     std::shared_ptr<PresentationView> container_;
+
+    // Of dismissals.
+    std::vector<std::function<void()>> completions_;
     State state_ = State::Idle;
     Cause cause_ = Cause::Program;
 };

@@ -26,6 +26,9 @@ public:
     /// Cancels all touches that are down: when the window loses the pointer or the focus.
     void cancelTouches();
 
+    /// Cancels those that are down on a view or inside it.
+    void cancelTouchesIn(const UIView& subtree);
+
     /// Wheel movement over `location`, in points, offered to the view there and then to those around it, as
     /// UIView::scrollBy tells. True if somebody took it. A modal view takes what nobody in it does, and what
     /// is beside it.
@@ -79,7 +82,6 @@ private:
 
     void damage(const CoreGraphics::CGRect& rect);
     void removeModalViewsOf(const UIView& subtree);
-    void cancelTouchesIn(const UIView& subtree);
     std::vector<Capture>::iterator findCapture(UITouchIdentifier identifier);
     void cancel(std::vector<Capture>::iterator found);
     static void deliver(UITouch touch, const std::shared_ptr<UIView>& view);

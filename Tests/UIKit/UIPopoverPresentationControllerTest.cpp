@@ -206,6 +206,43 @@ TEST_F(PopoverTest, EscapeClosesItAsATouchOutsideDoes) {
     EXPECT_THAT(delegate->log, ElementsAre("style", "prepare", "dismissed"));
 }
 
+TEST_F(PopoverTest, ClosingItEndsTheTouchesThatAreDownOnIt) {
+    const auto inside = makeProbe(CGRectMake(0, 0, 120, 100), "inside ");
+    presented->view()->addSubview(inside);
+    const std::vector<std::function<void()>> ways{
+        [&] {
+            host.window()->sendKey({UIKeyboardHIDUsage::Escape, "", false});
+        },
+        [&] {
+            host.touchDown({20, 200}, 1);
+        },
+        [&] { presenting->dismissViewControllerAnimated(true, nullptr); }};
+    for (const auto& close : ways) {
+        show();
+        host.touchDown({220, 100});
+        inside->log->clear();
+        close();
+        host.touchUp({220, 100});
+        host.touchCancel(1);
+        host.advance(1.0);
+        EXPECT_THAT(*inside->log, testing::Contains("inside cancelled 0"));
+        EXPECT_THAT(*inside->log, testing::Not(testing::Contains("inside ended 0")));
+    }
+}
+
+TEST_F(PopoverTest, ATouchThatItsClosingEndsMayTakeItsViewsOut) {
+    const auto inside = makeProbe(CGRectMake(0, 0, 120, 100));
+    presented->view()->addSubview(inside);
+    show();
+    host.touchDown({220, 100});
+    inside->onTouch = [&](const UITouch& /*touch*/) { presenting->view()->removeFromSuperview(); };
+    host.window()->sendKey({UIKeyboardHIDUsage::Escape, "", false});
+    EXPECT_EQ(host.window()->subviews().size(), 0U);
+    EXPECT_THAT(delegate->log, ElementsAre("style", "prepare", "dismissed"));
+    host.advance(1.0);
+    EXPECT_EQ(delegate->log.size(), 3U);
+}
+
 TEST_F(PopoverTest, TheWheelReachesNothingUnderneath) {
     show();
     EXPECT_TRUE(host.window()->sendScroll({20, 200}, {0, 1}));
@@ -545,6 +582,34 @@ public:
         }
     }
 };
+
+/// A view that does what a test likes when it is given its place.
+class PlacedView : public UIView {
+public:
+    std::function<void()> onPlace;
+
+    void setFrame(const CGRect& frame) override {
+        UIView::setFrame(frame);
+        if (const auto call = onPlace) {
+            call();
+        }
+    }
+};
+
+TEST_F(PopoverTest, ItsViewMayEndItWhenItIsGivenItsPlace) {
+    const auto view = make<PlacedView>();
+    presented->setView(view);
+    for (const bool isAnimated : {true, false}) {
+        view->onPlace = [&] { presented->dismissViewControllerAnimated(isAnimated, nullptr); };
+        show();
+        EXPECT_EQ(host.window()->subviews().size(), 1U);
+        EXPECT_EQ(presenting->presentedViewController(), nullptr);
+    }
+    view->onPlace = [&] { presenting->view()->removeFromSuperview(); };
+    show();
+    EXPECT_THAT(host.window()->subviews(), IsEmpty());
+    EXPECT_EQ(presenting->presentedViewController(), nullptr);
+}
 
 TEST_F(PopoverTest, ItsViewsTakenOutByForceEndIt) {
     show();

@@ -178,6 +178,8 @@ TEST_F(PresentationTest, DismissingTwiceCompletesTwice) {
     presenting->presentViewController(presented, false, nullptr);
     presenting->dismissViewControllerAnimated(true, count);
     presenting->dismissViewControllerAnimated(true, count);
+    host.advance(0.1);
+    EXPECT_EQ(completions, 0);
     host.advance(1.0);
     EXPECT_EQ(completions, 2);
     EXPECT_EQ(presenting->presentedViewController(), nullptr);

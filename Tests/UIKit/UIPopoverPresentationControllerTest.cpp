@@ -583,19 +583,6 @@ public:
     }
 };
 
-/// A view that does what a test likes when it is given its place.
-class PlacedView : public UIView {
-public:
-    std::function<void()> onPlace;
-
-    void setFrame(const CGRect& frame) override {
-        UIView::setFrame(frame);
-        if (const auto call = onPlace) {
-            call();
-        }
-    }
-};
-
 TEST_F(PopoverTest, ItsViewMayEndItWhenItIsGivenItsPlace) {
     const auto view = make<PlacedView>();
     presented->setView(view);

@@ -3,6 +3,7 @@
 #include "Player/Overlay/PlayerOverlay.h"
 #include "Player/Overlay/SpinnerView.h"
 #include "Player/Overlay/TimeBubbleView.h"
+#include "Tests/CoreGraphics/AllocationCounter.h"
 #include "Tests/Overlay/FakePlayback.h"
 
 #include <gtest/gtest.h>
@@ -556,6 +557,20 @@ TEST_F(PlayerControlsTest, FilmAtPlayDrawsNothingUntilThereIsSomethingToSee) {
     }
     // Two seconds, two times to write.
     EXPECT_EQ(drawn, 2);
+}
+
+TEST_F(PlayerControlsTest, SteadyFrameAllocatesNothing) {
+    playback.now.title = "A film with a title that is longer than what fits into a small string";
+    playback.now.chapters = {{0.0, "Opening"}};
+    playback.tell();
+    host.advance(1.0);
+    host.draw();
+    const std::size_t before = allocationCount();
+    for (int frame = 0; frame < 10; ++frame) {
+        playback.now.position += 0.001;
+        playback.tell();
+    }
+    EXPECT_EQ(allocationCount(), before);
 }
 
 TEST_F(PlayerControlsTest, OverlayGoesAwayInTheMiddleOfEverything) {

@@ -248,6 +248,19 @@ TEST_F(PopOverMenuShowingTest, EscapeDoesWhatATouchOutsideDoes) {
     EXPECT_EQ(story.back(), "onPopOverDismiss");
 }
 
+TEST_F(PopOverMenuShowingTest, ClosedFromOutsideInMidPressItTellsOfNoChoice) {
+    const auto menu = makeMenu({"a", "b", "c"});
+    show(*menu);
+    host.advance(1.0);
+    story.clear();
+    host.touchDown(inRow(1), 1);
+    host.touchDown(outside, 2);
+    host.touchUp(inRow(1), 1);
+    host.touchUp(outside, 2);
+    host.advance(1.0);
+    EXPECT_EQ(story, Story{"onPopOverDismiss"});
+}
+
 TEST_F(PopOverMenuShowingTest, WithoutAnObserverTheLinesAreWrittenAllTheSame) {
     const auto menu = makeMenu({"a", "b"});
     menu->setObserver(nullptr);

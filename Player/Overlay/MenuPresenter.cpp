@@ -83,6 +83,10 @@ void MenuPresenter::open(MenuKind kind, const std::shared_ptr<UIKit::UIView>& an
 
 void MenuPresenter::present() {
     entries_ = menus_->entries(kind_);
+    if (entries_.empty()) {
+        setOpen(false);
+        return;
+    }
     menu_ = make<PopOverMenu>(CGRect{{}, sizeFor(entries_)}, buttonsFor(entries_), self(this));
     menu_->showPopOver(anchor_, controller_, nullptr);
     if (menu_ && !menu_->presentingViewController()) {
@@ -96,6 +100,10 @@ void MenuPresenter::menusDidChange() {
         return;
     }
     std::vector<MenuEntry> entries = menus_->entries(kind_);
+    if (entries.empty()) {
+        close();
+        return;
+    }
     if (!std::equal(entries.begin(), entries.end(), entries_.begin(), entries_.end(), isSame)) {
         menu_->setButtons(buttonsFor(entries));
         menu_->setPreferredContentSize(sizeFor(entries));

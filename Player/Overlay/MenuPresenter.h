@@ -43,7 +43,7 @@ public:
     /// Takes an open menu away without choosing.
     void close();
 
-    /// Call it after each change of what menus offer: an open one follows.
+    /// Call it after each change of what menus offer: an open one follows, and closes when nothing is left.
     void menusDidChange();
 
     void onButtonPress(const std::shared_ptr<KivUICore::Button>& /*button*/) override {}

@@ -145,6 +145,28 @@ TEST_F(PlayerMenuTest, OpenMenuFollowsTheFilm) {
     EXPECT_EQ(playback.takeStory(), Story{"audio 3"});
 }
 
+TEST_F(PlayerMenuTest, MenuOfWhatTheFilmNoLongerHasCloses) {
+    tap(menuButton);
+    choose(1);
+    playback.now.tracks.clear();
+    playback.tell();
+    host.advance(1.0);
+    EXPECT_EQ(host.window()->modalView(), nullptr);
+    EXPECT_EQ(reason(), "recent activity");
+}
+
+TEST_F(PlayerMenuTest, MenuOfWhatGoesBeforeItIsShownIsNotShown) {
+    tap(menuButton);
+    press(UIKeyboardHIDUsage::DownArrow);
+    press(UIKeyboardHIDUsage::DownArrow);
+    press(UIKeyboardHIDUsage::ReturnOrEnter);
+    playback.now.tracks.clear();
+    playback.tell();
+    host.advance(1.0);
+    EXPECT_EQ(host.window()->modalView(), nullptr);
+    EXPECT_EQ(reason(), "recent activity");
+}
+
 TEST_F(PlayerMenuTest, MenuWorksWithVeryManyAndVeryLongNames) {
     const std::string longName(300, 'x');
     playback.now.tracks.clear();

@@ -4,11 +4,17 @@
 
 namespace Overlay {
 
-// The last picture stands a little before the end.
 double FilmCommands::position() const {
+    return seeks_.target().value_or(playback_.state().hasEnded ? endPosition() : playback_.state().position);
+}
+
+// The last picture stands a little before the end. A film that breaks off long before is at the break, and
+// what goes back from there starts from there.
+double FilmCommands::endPosition() const {
+    constexpr double lastPicture = 2.0;
     const PlaybackState& state = playback_.state();
-    const double present = state.hasEnded ? state.duration.value_or(state.position) : state.position;
-    return seeks_.target().value_or(present);
+    const double end = state.duration.value_or(state.position);
+    return end - state.position > lastPicture ? state.position : end;
 }
 
 void FilmCommands::togglePlay() {

@@ -29,6 +29,8 @@ public:
     void playbackDidChange() { seeks_.playbackDidChange(); }
 
 private:
+    double endPosition() const;
+
     Playback& playback_;
     SeekQueue seeks_;
 };

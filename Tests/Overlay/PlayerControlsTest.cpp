@@ -107,6 +107,14 @@ TEST_F(PlayerControlsTest, EndedFilmIsAtItsEndThoughItsLastPictureIsBeforeThat) 
     EXPECT_EQ(overlay.transportControls().scrubTime(), 100.0);
 }
 
+TEST_F(PlayerControlsTest, FilmThatBreaksOffIsAtTheBreakAndGoesBackFromThere) {
+    playback.now.position = 30.0;
+    playback.now.hasEnded = true;
+    playback.tell();
+    EXPECT_EQ(texts()[1], "00:30");
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::LeftArrow, ""}), Story{"exact 25"});
+}
+
 TEST_F(PlayerControlsTest, MuteButtonSwitchesTheSoundOffAndOn) {
     EXPECT_EQ(tap(muteButton), Story{"mute"});
     EXPECT_EQ(tap(muteButton), Story{"unmute"});

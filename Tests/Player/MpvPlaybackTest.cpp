@@ -1,4 +1,5 @@
 #include "Tests/Player/Films.h"
+#include "Tests/Player/MpvSocket.h"
 #include "Tests/Player/PlaybackRun.h"
 
 #include <fstream>
@@ -313,6 +314,16 @@ TEST(MpvPlayback, SocketThatCannotBeMadeIsTold) {
     PlaybackRun run(MpvPlayback::Settings{.ipcServer = "/nowhere/socket"});
     EXPECT_TRUE(run.until([&] { return !run.notices.empty(); }));
     EXPECT_THAT(run.notices, ElementsAre("cannot be reached by other programs: Could not bind IPC socket"));
+}
+
+TEST(MpvPlayback, ProgramThatLeavesBeforeItsAnswerIsNoProblem) {
+    const TemporaryFolder folder;
+    MpvSocket socket(folder.path() / "socket");
+    PlaybackRun run(MpvPlayback::Settings{.ipcServer = socket.path().string()});
+    ASSERT_TRUE(eventually([&] { return fs::exists(socket.path()); }));
+    ASSERT_TRUE(socket.leaveBeforeTheAnswer("\"get_property\",\"pause\""));
+    run.turn();
+    EXPECT_THAT(run.notices, ElementsAre());
 }
 
 TEST(MpvPlayback, UnplayableFilmIsAnErrorThatCanBeTriedAgain) {

@@ -33,6 +33,17 @@ bool MpvSocket::connect() {
     return true;
 }
 
+bool MpvSocket::leaveBeforeTheAnswer(const std::string& words) {
+    const std::string request = "{\"command\":[" + words + "]}\n";
+    if (!connect() || shutdown(descriptor_, SHUT_RD) != 0 ||
+        send(descriptor_, request.data(), request.size(), MSG_NOSIGNAL) < 0) {
+        return false;
+    }
+    pollfd closed{.fd = descriptor_, .events = 0, .revents = 0};
+    return poll(&closed, 1, static_cast<int>(std::chrono::milliseconds(Process::patience).count())) > 0 &&
+           (closed.revents & POLLHUP) != 0;
+}
+
 std::string MpvSocket::readLine() {
     std::size_t end = received_.find('\n');
     while (end == std::string::npos) {

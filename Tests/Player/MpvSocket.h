@@ -23,6 +23,9 @@ public:
     /// A command in JSON: `"set_property", "pause", true`. False if mpv refuses it or can't be reached.
     bool command(const std::string& words);
 
+    /// Sends a command whose answer nobody takes. False if mpv doesn't close the connection then.
+    bool leaveBeforeTheAnswer(const std::string& words);
+
 private:
     /// mpv's whole answer, in JSON; empty if there is none.
     std::string ask(const std::string& words);

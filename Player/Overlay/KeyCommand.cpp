@@ -76,4 +76,18 @@ std::optional<KeyCommand> commandForKey(const UIKey& key) {
     return command && key.isRepeat && !repeats(command->action) ? std::nullopt : command;
 }
 
+bool movesFilm(Action action) {
+    switch (action) {
+    case Action::SeekBackward:
+    case Action::SeekForward:
+    case Action::GoToFraction:
+    case Action::GoToEnd:
+    case Action::StepBackward:
+    case Action::StepForward:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace Overlay

@@ -35,4 +35,7 @@ struct KeyCommand {
 /// Nothing for a key that asks for nothing, and for the repetitions of one that does something only once.
 std::optional<KeyCommand> commandForKey(const UIKit::UIKey& key);
 
+/// Whether an action takes the film to another place.
+bool movesFilm(KeyCommand::Action action);
+
 } // namespace Overlay

@@ -177,7 +177,8 @@ void PlayerOverlay::holdWhileOnBar() {
 
 bool PlayerOverlay::handleKey(const UIKit::UIKey& key) {
     const std::optional<KeyCommand> command = commandForKey(key);
-    if (command) {
+    // While the handle is held, the film goes where the handle is.
+    if (command && !(transport_.isScrubbing() && movesFilm(command->action))) {
         run(*command);
     }
     return command.has_value();

@@ -331,6 +331,22 @@ TEST_F(PlayerControlsTest, RepeatedSeekKeysAddUpWhileTheFilmIsOnItsWay) {
     EXPECT_EQ(playback.takeStory(), Story{"exact 25"});
 }
 
+TEST_F(PlayerControlsTest, KeysDoNotMoveTheFilmAwayFromAHandleThatIsHeld) {
+    host.touchDown(trackMiddle);
+    playback.arrive();
+    playback.takeStory();
+    for (const char* key : {"1", "9", ",", "."}) {
+        EXPECT_EQ(press(key), Story()) << key;
+    }
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::RightArrow, ""}), Story());
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::End, ""}), Story());
+    EXPECT_EQ(press("m"), Story{"mute"});
+    host.touchUp(trackMiddle);
+    playback.arrive();
+    playback.takeStory();
+    EXPECT_EQ(press("1"), Story{"exact 10"});
+}
+
 TEST_F(PlayerControlsTest, SeekKeysStayWithinTheFilm) {
     playback.now.position = 2.0;
     EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::LeftArrow, ""}), Story{"exact 0"});

@@ -74,6 +74,7 @@ std::vector<MenuEntry> FilmMenus::mainEntries() const {
 
 std::vector<MenuEntry> FilmMenus::speedEntries() const {
     std::vector<MenuEntry> entries;
+    entries.reserve(speeds.size());
     for (const Speed& speed : speeds) {
         entries.push_back({speed.name, playback_.state().speed == speed.factor, std::nullopt,
                            [this, factor = speed.factor] { playback_.setSpeed(factor); }});

@@ -3,7 +3,6 @@
 #include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/MpvClient.h"
 
-#include <cstring>
 #include <string_view>
 
 namespace Player {
@@ -80,9 +79,15 @@ void FilmOpening::handle(const mpv_event& event) {
     }
 }
 
+// What a server answers is only a warning to the library, which may come round it.
 void FilmOpening::noteLog(const mpv_event_log_message& message) {
-    if (std::strcmp(message.prefix, "ffmpeg") == 0 || std::strcmp(message.prefix, "file") == 0) {
-        cause_ = lastPart(message.text);
+    const std::string_view prefix = message.prefix;
+    if (prefix != "ffmpeg" && prefix != "file") {
+        return;
+    }
+    const std::string part = lastPart(message.text);
+    if (message.log_level <= MPV_LOG_LEVEL_ERROR || part.starts_with("HTTP error")) {
+        cause_ = part;
     }
 }
 

@@ -48,7 +48,7 @@ void MpvClient::start(const std::vector<Setting>& settings) {
     for (const auto& [name, value] : settings) {
         mpv_set_option_string(handle_.get(), name.c_str(), value.c_str());
     }
-    mpv_request_log_messages(handle_.get(), "error");
+    mpv_request_log_messages(handle_.get(), "warn");
     if (const int error = mpv_initialize(handle_.get()); error < 0) {
         fail(std::string(": ") + mpv_error_string(error));
         return;

@@ -125,7 +125,7 @@ void MpvPlayback::handle(const mpv_event& event) {
 
 // Each program that is connected has a prefix of its own; that one goes without a word is no matter.
 void MpvPlayback::noteLog(const mpv_event_log_message& message) {
-    if (onNotice_ && std::string_view(message.prefix) == "ipc") {
+    if (onNotice_ && message.log_level <= MPV_LOG_LEVEL_ERROR && std::string_view(message.prefix) == "ipc") {
         const std::string_view text = message.text;
         onNotice_("cannot be reached by other programs: " + std::string(text.substr(0, text.find('\n'))));
     }

@@ -46,6 +46,9 @@ void parseSize(const std::string& text, Options& options) {
 
 // What is there gives way to the socket, and must be no file that somebody needs.
 std::string whyNoSocket(const std::string& path) {
+    if (path.empty()) {
+        return "a socket needs a path";
+    }
     std::error_code error;
     const std::filesystem::file_type type = std::filesystem::status(path, error).type();
     const bool isFree =

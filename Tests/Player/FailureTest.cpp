@@ -1,10 +1,16 @@
 #include "Tests/Player/Films.h"
 #include "Tests/Player/PlayerProgram.h"
 
+#include <array>
 #include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <string_view>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
 
 namespace Player {
 
@@ -85,6 +91,60 @@ INSTANTIATE_TEST_SUITE_P(
         BadFilm{"UnknownProtocol", [](const fs::path&) { return "nothing://film"; }, "it cannot be opened"}),
     [](const auto& film) { return film.param.name; });
 
+/// A web server that has nothing.
+class EmptyServer {
+public:
+    EmptyServer() {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof address;
+        bind(descriptor_, reinterpret_cast<const sockaddr*>(&address), size);
+        listen(descriptor_, 8);
+        getsockname(descriptor_, reinterpret_cast<sockaddr*>(&address), &size);
+        port_ = ntohs(address.sin_port);
+        thread_ = std::thread([this] { serve(); });
+    }
+    EmptyServer(const EmptyServer&) = delete;
+    EmptyServer& operator=(const EmptyServer&) = delete;
+    ~EmptyServer() {
+        shutdown(descriptor_, SHUT_RDWR);
+        thread_.join();
+        close(descriptor_);
+    }
+
+    std::string url(const std::string& path) const {
+        return "http://127.0.0.1:" + std::to_string(port_) + "/" + path;
+    }
+
+private:
+    void serve() const {
+        constexpr std::string_view answer =
+            "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
+        for (int client = accept(descriptor_, nullptr, nullptr); client >= 0;
+             client = accept(descriptor_, nullptr, nullptr)) {
+            std::array<char, 4096> request{};
+            if (recv(client, request.data(), request.size(), 0) > 0) {
+                send(client, answer.data(), answer.size(), MSG_NOSIGNAL);
+            }
+            close(client);
+        }
+    }
+
+    int descriptor_ = socket(AF_INET, SOCK_STREAM, 0);
+    int port_ = 0;
+    std::thread thread_;
+};
+
+TEST(FailureTest, WhatAServerAnswersIsTold) {
+    const EmptyServer server;
+    const TemporaryFolder folder;
+    const std::string film = server.url("film.mkv");
+    const auto player = startPlayer({film, "--snapshot", (folder.path() / "pictures").string()});
+    EXPECT_EQ(player->wait(), 1);
+    EXPECT_EQ(player->errors(), "kivplayer: cannot play '" + film + "': HTTP error 404 Not Found\n");
+}
+
 class BadCommandLine : public testing::TestWithParam<std::vector<std::string>> {};
 
 TEST_P(BadCommandLine, IsToldInOneLine) {
@@ -114,6 +174,7 @@ INSTANTIATE_TEST_SUITE_P(
                     std::vector<std::string>{"film.mkv", "--scale", "0"},
                     std::vector<std::string>{"film.mkv", "--scale", "nan"},
                     std::vector<std::string>{"film.mkv", "--ipc-server"},
+                    std::vector<std::string>{"film.mkv", "--ipc-server", ""},
                     std::vector<std::string>{"film.mkv", "--ipc-server", KIVPLAYER_PROGRAM},
                     std::vector<std::string>{"film.mkv", "--software", "--opengl"}));
 

@@ -65,6 +65,8 @@ function(kivuicore_tests name)
   target_compile_features(${target} PRIVATE cxx_std_20)
   target_link_libraries(${target} PRIVATE ${arg_LINK} KivUICore_BuildSettings GTest::gmock GTest::gtest_main)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+  # Takes longer to read than most tests do.
+  target_precompile_headers(${target} PRIVATE <gtest/gtest.h>)
   gtest_discover_tests(
     ${target}
     TEST_PREFIX "${name}."

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <string>
 #include <unistd.h>
 
 // Whatever the statement prints goes where the test looks for it.
@@ -21,5 +22,5 @@
 
 /// The statement aborts with just the report of an initializer that isn't there.
 #define EXPECT_UNIMPLEMENTED(statement, initializer, className)                                              \
-    EXPECT_STOP_PRINTING(statement, "Fatal error: Use of unimplemented initializer '" initializer            \
-                                    "' for class '" className "'\n")
+    EXPECT_STOP_PRINTING(statement, std::string("Fatal error: Use of unimplemented initializer '") +         \
+                                        (initializer) + "' for class '" + (className) + "'\n")

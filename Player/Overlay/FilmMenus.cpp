@@ -24,19 +24,6 @@ constexpr std::array<Speed, 8> speeds{{
     {2.0, "2×"},
 }};
 
-// The one that is playing; none before the first.
-std::optional<std::size_t> currentChapter(const std::vector<Chapter>& chapters, double position) {
-    // Players come to rest a little before the place that was asked for.
-    constexpr double tolerance = 0.05;
-    std::optional<std::size_t> current;
-    for (std::size_t index = 0; index < chapters.size(); ++index) {
-        if (chapters[index].start <= position + tolerance) {
-            current = index;
-        }
-    }
-    return current;
-}
-
 } // namespace
 
 std::vector<MenuEntry> FilmMenus::entries(MenuKind kind) const {
@@ -55,6 +42,33 @@ std::vector<MenuEntry> FilmMenus::entries(MenuKind kind) const {
         return deviceEntries();
     }
     return {};
+}
+
+// Compared before anything is copied: a film at play tells of each of its pictures.
+bool FilmMenus::playbackDidChange() {
+    const PlaybackState& state = playback_.state();
+    const std::optional<std::size_t> chapter = currentChapter();
+    if (state.speed == told_.speed && state.tracks == told_.tracks && state.chapters == told_.chapters &&
+        chapter == told_.chapter && state.audioDevices == told_.audioDevices) {
+        return false;
+    }
+    told_ = {state.speed, state.tracks, state.chapters, chapter, state.audioDevices};
+    return true;
+}
+
+// The one that is playing; none before the first.
+std::optional<std::size_t> FilmMenus::currentChapter() const {
+    // Players come to rest a little before the place that was asked for.
+    constexpr double tolerance = 0.05;
+    const std::vector<Chapter>& chapters = playback_.state().chapters;
+    const double position = film_.position() + tolerance;
+    std::optional<std::size_t> current;
+    for (std::size_t index = 0; index < chapters.size(); ++index) {
+        if (chapters[index].start <= position) {
+            current = index;
+        }
+    }
+    return current;
 }
 
 std::vector<MenuEntry> FilmMenus::mainEntries() const {
@@ -107,7 +121,7 @@ std::vector<MenuEntry> FilmMenus::trackEntries(TrackKind kind) const {
 
 std::vector<MenuEntry> FilmMenus::chapterEntries() const {
     const std::vector<Chapter>& chapters = playback_.state().chapters;
-    const std::optional<std::size_t> current = currentChapter(chapters, film_.position());
+    const std::optional<std::size_t> current = currentChapter();
     std::vector<MenuEntry> entries;
     for (std::size_t index = 0; index < chapters.size(); ++index) {
         const Chapter& chapter = chapters[index];

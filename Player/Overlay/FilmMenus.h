@@ -2,6 +2,7 @@
 
 #include "Player/Overlay/FilmCommands.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -31,7 +32,21 @@ public:
     /// choose in them.
     std::vector<MenuEntry> entries(MenuKind kind) const;
 
+    /// Call it after each change of the playback. True if a menu's entries may be others than at the last
+    /// call.
+    bool playbackDidChange();
+
 private:
+    /// What entries are made of.
+    struct Offer {
+        double speed = 1.0;
+        std::vector<Track> tracks;
+        std::vector<Chapter> chapters;
+        std::optional<std::size_t> chapter;
+        std::vector<AudioDevice> audioDevices;
+    };
+
+    std::optional<std::size_t> currentChapter() const;
     std::vector<MenuEntry> mainEntries() const;
     std::vector<MenuEntry> speedEntries() const;
     std::vector<MenuEntry> trackEntries(TrackKind kind) const;
@@ -41,6 +56,7 @@ private:
 
     Playback& playback_;
     FilmCommands& film_;
+    Offer told_;
 };
 
 } // namespace Overlay

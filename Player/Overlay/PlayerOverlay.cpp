@@ -131,7 +131,9 @@ void PlayerOverlay::refresh() {
     policy_.setHold(Hold::Ended, state.hasEnded);
     policy_.setHold(Hold::Error, state.error.has_value());
     routes_->playbackDidChange();
-    menu_->menusDidChange();
+    if (menus_.playbackDidChange()) {
+        menu_->menusDidChange();
+    }
     status_.show(state);
     title_.show(state.title);
     transport_.show(state, film_.position(), window_.isFullScreen());

@@ -86,6 +86,27 @@ TEST_F(FilmMenusTest, NoChapterIsCurrentBeforeTheFirst) {
     EXPECT_EQ(lines(MenuKind::Chapters), Story{"Opening"});
 }
 
+TEST_F(FilmMenusTest, TellsOnceOfEachChangeThatEntriesMayHave) {
+    const auto tellsOnce = [this] { return menus.playbackDidChange() && !menus.playbackDidChange(); };
+    EXPECT_FALSE(menus.playbackDidChange());
+    playback.now.speed = 2.0;
+    EXPECT_TRUE(tellsOnce());
+    playback.now.tracks = {{TrackKind::Audio, 1, "English", false}};
+    EXPECT_TRUE(tellsOnce());
+    playback.now.tracks.front().isSelected = true;
+    EXPECT_TRUE(tellsOnce());
+    playback.now.chapters = {{0.0, "Opening"}, {10.0, "End"}};
+    EXPECT_TRUE(tellsOnce());
+    playback.now.audioDevices = {{"a", "Speakers", true}};
+    EXPECT_TRUE(tellsOnce());
+    playback.now.position = 9.0;
+    EXPECT_FALSE(menus.playbackDidChange());
+    playback.now.position = 10.0;
+    EXPECT_TRUE(tellsOnce());
+    playback.now.isPaused = true;
+    EXPECT_FALSE(menus.playbackDidChange());
+}
+
 } // namespace
 
 } // namespace Overlay

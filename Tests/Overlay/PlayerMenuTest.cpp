@@ -6,6 +6,7 @@
 #include "Platform/UIKit/UIViewController.h"
 #include "Player/Overlay/MenuPresenter.h"
 #include "Player/Overlay/PlayerOverlay.h"
+#include "Tests/CoreGraphics/AllocationCounter.h"
 #include "Tests/Overlay/FakePlayback.h"
 
 #include <gtest/gtest.h>
@@ -143,6 +144,21 @@ TEST_F(PlayerMenuTest, OpenMenuFollowsTheFilm) {
     EXPECT_EQ(texts(), (Texts{"English", "Français", "Deutsch"}));
     choose(2);
     EXPECT_EQ(playback.takeStory(), Story{"audio 3"});
+}
+
+TEST_F(PlayerMenuTest, OpenMenuOverAFilmAtPlayAllocatesNothing) {
+    playback.now.tracks[0].name = "English, with what the director and the two writers say about it";
+    playback.now.chapters = {{0.0, "Opening"}, {50.0, "End"}};
+    playback.tell();
+    tap(menuButton);
+    choose(1);
+    const std::size_t before = allocationCount();
+    for (int frame = 0; frame < 10; ++frame) {
+        playback.now.position += 0.001;
+        playback.tell();
+    }
+    EXPECT_EQ(allocationCount(), before);
+    EXPECT_EQ(texts().size(), 2U);
 }
 
 TEST_F(PlayerMenuTest, MenuOfWhatTheFilmNoLongerHasCloses) {

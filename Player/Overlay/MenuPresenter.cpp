@@ -8,6 +8,7 @@
 #include "Platform/Foundation/NSTimer.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UILabel.h"
+#include "Platform/UIKit/UITableView.h"
 #include "Platform/UIKit/UIViewController.h"
 #include "Player/Overlay/Icons.h"
 
@@ -24,6 +25,8 @@ using KivUICore::PopOverMenu;
 
 namespace {
 
+constexpr CGFloat rowHeight = 44.0;
+
 PopOverMenu::Buttons buttonsFor(const std::vector<MenuEntry>& entries) {
     PopOverMenu::Buttons buttons;
     for (const MenuEntry& entry : entries) {
@@ -37,7 +40,6 @@ PopOverMenu::Buttons buttonsFor(const std::vector<MenuEntry>& entries) {
 }
 
 CGSize sizeFor(const std::vector<MenuEntry>& entries) {
-    constexpr CGFloat rowHeight = 44.0;
     constexpr CGFloat imageAndMargins = 80.0;
     constexpr CGFloat narrowest = 180.0;
     constexpr CGFloat widest = 420.0;
@@ -92,6 +94,23 @@ void MenuPresenter::present() {
     if (menu_ && !menu_->presentingViewController()) {
         letGo();
         setOpen(false);
+    }
+    scrollToCurrent();
+}
+
+// Half-way up the menu, as far as there are entries on both sides.
+void MenuPresenter::scrollToCurrent() {
+    const auto current = std::find_if(entries_.begin(), entries_.end(),
+                                      [](const MenuEntry& entry) { return entry.isCurrent; });
+    if (!menu_ || current == entries_.end()) {
+        return;
+    }
+    const CGFloat middle = (static_cast<CGFloat>(current - entries_.begin()) + 0.5) * rowHeight;
+    const std::vector<std::shared_ptr<UIKit::UIView>> subviews = menu_->view()->subviews();
+    for (const std::shared_ptr<UIKit::UIView>& subview : subviews) {
+        if (const auto table = Foundation::as<UIKit::UITableView>(subview)) {
+            table->setContentOffset(middle - CGRectGetHeight(table->bounds()) / 2.0);
+        }
     }
 }
 

@@ -56,6 +56,7 @@ public:
 
 private:
     void present();
+    void scrollToCurrent();
     void letGo();
     void setOpen(bool open);
 

@@ -198,6 +198,34 @@ TEST_F(PlayerMenuTest, MenuWorksWithVeryManyAndVeryLongNames) {
     EXPECT_EQ(playback.takeStory(), Story{"audio 200"});
 }
 
+TEST_F(PlayerMenuTest, LongMenuOpensWhereItsCurrentEntryIs) {
+    playback.now.tracks.clear();
+    for (int track = 1; track <= 200; ++track) {
+        playback.now.tracks.push_back({TrackKind::Audio, track, std::to_string(track), track == 150});
+    }
+    playback.tell();
+    tap(menuButton);
+    choose(1);
+    const Texts shown = texts();
+    EXPECT_TRUE(shown.contains("150"));
+    // As many before it as behind it.
+    EXPECT_TRUE(shown.contains("148"));
+    EXPECT_TRUE(shown.contains("152"));
+    EXPECT_FALSE(shown.contains("144"));
+    EXPECT_FALSE(shown.contains("156"));
+}
+
+TEST_F(PlayerMenuTest, MenuWhoseFirstEntryIsCurrentOpensAtItsTop) {
+    for (int track = 3; track <= 30; ++track) {
+        playback.now.tracks.push_back({TrackKind::Audio, track, std::to_string(track), false});
+    }
+    playback.tell();
+    tap(menuButton);
+    choose(1);
+    EXPECT_TRUE(texts().contains("English"));
+    EXPECT_FALSE(texts().contains("30"));
+}
+
 TEST_F(PlayerMenuTest, RouteButtonIsThereOnlyWhenThereIsAChoice) {
     tap(routeButton);
     playback.takeStory();

@@ -47,7 +47,9 @@ bool PropertyAnimations::start(AnimatedProperty property, const AnimatedValues& 
     }
     if (present != animations_.end()) {
         present->group->interrupt();
-        *present = {property, from, to, group};
+        present->from = from;
+        present->to = to;
+        present->group = group;
     } else {
         animations_.push_back({property, from, to, group});
     }

@@ -158,7 +158,9 @@ void UIView::setBox(const CGRect& box) {
 }
 
 void UIView::resizeSubviews(const CGSize& oldSize) {
-    if (subviews_.empty()) {
+    if (std::none_of(subviews_.begin(), subviews_.end(), [](const std::shared_ptr<UIView>& subview) {
+            return subview->autoresizingMask_ != UIViewAutoresizingNone;
+        })) {
         return;
     }
     const CGSize newSize = geometry_.box().size;

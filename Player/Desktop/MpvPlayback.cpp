@@ -168,9 +168,9 @@ void MpvPlayback::updateState() {
     change(state_.isPaused, properties_.isPaused || step_ != StepStage::None);
     change(state_.isSeeking, seek_.isSeeking());
     change(state_.hasEnded, properties_.isAtEnd && !seek_.isSeeking() && opening_.isLoaded());
-    const bool isOpening = !opening_.location().empty() && !opening_.isAtStart();
+    change(state_.isOpening, !opening_.location().empty() && !state_.error && !opening_.isAtStart());
     change(state_.isWaiting,
-           !state_.error && (isOpening || properties_.isWaitingForData || seek_.isSeeking()));
+           state_.isOpening || (!state_.error && (properties_.isWaitingForData || seek_.isSeeking())));
     change(state_.volume, properties_.volume);
     change(state_.isMuted, properties_.isMuted);
     change(state_.speed, properties_.speed);

@@ -1,11 +1,16 @@
 #include "Player/Overlay/FilmCommands.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Overlay {
 
 double FilmCommands::position() const {
-    return seeks_.target().value_or(playback_.state().hasEnded ? endPosition() : playback_.state().position);
+    const PlaybackState& state = playback_.state();
+    if (state.isOpening && !wish_.fraction) {
+        return std::max(0.0, state.position + wish_.seconds);
+    }
+    return seeks_.target().value_or(state.hasEnded ? endPosition() : state.position);
 }
 
 // The last picture stands a little before the end. A film that breaks off long before is at the break, and
@@ -28,7 +33,17 @@ void FilmCommands::togglePlay() {
 
 void FilmCommands::toggleMute() { playback_.setMuted(!playback_.state().isMuted); }
 
+void FilmCommands::seek(double time, SeekPrecision precision) {
+    steps_ = 0;
+    seeks_.seek(time, precision);
+}
+
 void FilmCommands::seekBy(double seconds) {
+    if (playback_.state().isOpening) {
+        wish_.seconds += seconds;
+        steps_ = 0;
+        return;
+    }
     double time = std::max(0.0, position() + seconds);
     if (const std::optional<double> duration = playback_.state().duration) {
         time = std::min(time, *duration);
@@ -37,8 +52,53 @@ void FilmCommands::seekBy(double seconds) {
 }
 
 void FilmCommands::seekToFraction(double fraction) {
-    if (const std::optional<double> duration = playback_.state().duration) {
+    if (playback_.state().isOpening) {
+        wish_ = {.fraction = fraction};
+        steps_ = 0;
+    } else if (const std::optional<double> duration = playback_.state().duration) {
         seek(*duration * fraction, SeekPrecision::Exact);
+    }
+}
+
+void FilmCommands::stepFrame(Direction direction) {
+    steps_ += direction == Direction::Forward ? 1 : -1;
+    makeSteps();
+}
+
+void FilmCommands::playbackDidChange() {
+    seeks_.playbackDidChange();
+    if (!playback_.state().isOpening) {
+        fulfilWish();
+    }
+    makeSteps();
+}
+
+void FilmCommands::fulfilWish() {
+    const Wish wish = std::exchange(wish_, {});
+    if (playback_.state().error) {
+        steps_ = 0;
+        return;
+    }
+    const int steps = steps_;
+    if (wish.fraction) {
+        seekToFraction(*wish.fraction);
+    }
+    if (wish.seconds != 0.0) {
+        seekBy(wish.seconds);
+    }
+    steps_ = steps;
+}
+
+bool FilmCommands::isOnItsWay() const {
+    return playback_.state().isOpening || playback_.state().isSeeking || seeks_.target();
+}
+
+// A film that is on its way would lose them.
+void FilmCommands::makeSteps() {
+    while (steps_ != 0 && !isOnItsWay()) {
+        const bool isForward = steps_ > 0;
+        steps_ -= isForward ? 1 : -1;
+        playback_.stepFrame(isForward ? Direction::Forward : Direction::Backward);
     }
 }
 

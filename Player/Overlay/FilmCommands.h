@@ -2,9 +2,12 @@
 
 #include "Player/Overlay/SeekQueue.h"
 
+#include <optional>
+
 namespace Overlay {
 
-/// What a viewer can do to a film, whatever it is done with.
+/// What a viewer can do to a film, whatever it is done with. What moves a film that is still being opened is
+/// done once that can be; it is forgotten when the film turns out to be none.
 class FilmCommands {
 public:
     /// `playback` outlives the commands.
@@ -15,24 +18,39 @@ public:
 
     void togglePlay();
     void toggleMute();
-    void seek(double time, SeekPrecision precision) { seeks_.seek(time, precision); }
+    void seek(double time, SeekPrecision precision);
     void seekBy(double seconds);
 
-    /// From 0.0, the start, to 1.0. Nothing happens while the film's length is unknown.
+    /// From 0.0, the start, to 1.0. Nothing happens in a film without a length.
     void seekToFraction(double fraction);
 
     /// `difference` in parts of the full volume. Louder also ends muting. Says what the volume is then.
     double changeVolume(double difference);
-    void stepFrame(Direction direction) { playback_.stepFrame(direction); }
+
+    /// One picture after where the film is, or will be.
+    void stepFrame(Direction direction);
 
     /// Call it after each change of the playback's state.
-    void playbackDidChange() { seeks_.playbackDidChange(); }
+    void playbackDidChange();
 
 private:
+    /// A place in a film that is being opened: some seconds after a part of it, or after where it starts.
+    struct Wish {
+        std::optional<double> fraction;
+        double seconds = 0.0;
+    };
+
     double endPosition() const;
+    bool isOnItsWay() const;
+    void fulfilWish();
+    void makeSteps();
 
     Playback& playback_;
     SeekQueue seeks_;
+    Wish wish_;
+
+    // Pictures to go on once the film is where it was sent; back if negative.
+    int steps_ = 0;
 };
 
 } // namespace Overlay

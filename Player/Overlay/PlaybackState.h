@@ -50,6 +50,8 @@ struct PlaybackState {
     /// Unknown while the film is being opened, and for one without an end.
     std::optional<double> duration;
 
+    /// Its first picture isn't there yet.
+    bool isOpening = false;
     bool isPaused = false;
 
     /// It should play or show a picture, but there is no data yet.

@@ -73,6 +73,19 @@ protected:
         return false;
     }
 
+    void open(double start) {
+        playback.now.isOpening = true;
+        playback.now.position = start;
+        playback.now.duration.reset();
+        playback.tell();
+    }
+
+    void finishOpening() {
+        playback.now.isOpening = false;
+        playback.now.duration = 100.0;
+        playback.tell();
+    }
+
     void play(double seconds) {
         constexpr int framesPerSecond = 25;
         for (int frame = 0; frame < seconds * framesPerSecond; ++frame) {
@@ -318,6 +331,82 @@ TEST_F(PlayerControlsTest, KeysControlTheFilm) {
     press("q");
     EXPECT_EQ(window.closed, 1);
     EXPECT_FALSE(overlay.handleKey({UIKeyboardHIDUsage::None, "x"}));
+}
+
+TEST_F(PlayerControlsTest, SeekKeysInAFilmThatIsBeingOpenedAddUpUntilItIs) {
+    open(20.0);
+    const UIKey right{UIKeyboardHIDUsage::RightArrow, ""};
+    EXPECT_EQ(press(right), Story());
+    press(right);
+    press(UIKey{UIKeyboardHIDUsage::LeftArrow, ""});
+    press(right);
+    EXPECT_EQ(texts()[1], "00:30");
+    playback.tell();
+    EXPECT_EQ(playback.takeStory(), Story());
+    finishOpening();
+    EXPECT_EQ(playback.takeStory(), Story{"exact 30"});
+    playback.arrive();
+    playback.tell();
+    EXPECT_EQ(playback.takeStory(), Story());
+}
+
+TEST_F(PlayerControlsTest, FilmThatIsBeingOpenedGoesWhereTheNewestKeysSay) {
+    open(20.0);
+    press(UIKey{UIKeyboardHIDUsage::RightArrow, ""});
+    press(".");
+    press(UIKey{UIKeyboardHIDUsage::End, ""});
+    press("5");
+    press(UIKey{UIKeyboardHIDUsage::LeftArrow, ""});
+    finishOpening();
+    EXPECT_EQ(playback.takeStory(), Story{"exact 50"});
+    playback.arrive();
+    EXPECT_EQ(playback.takeStory(), Story{"exact 45"});
+    playback.arrive();
+    EXPECT_EQ(playback.takeStory(), Story());
+}
+
+TEST_F(PlayerControlsTest, StepsInAFilmThatIsBeingOpenedAreMadeOnceItIs) {
+    open(0.0);
+    press(".");
+    press(".");
+    EXPECT_EQ(press("."), Story());
+    press(",");
+    finishOpening();
+    EXPECT_EQ(playback.takeStory(), (Story{"step", "step"}));
+}
+
+TEST_F(PlayerControlsTest, StepWaitsForTheSeekBeforeItAndIsForgottenWithTheNext) {
+    const UIKey right{UIKeyboardHIDUsage::RightArrow, ""};
+    press(right);
+    EXPECT_EQ(press("."), Story());
+    playback.arrive();
+    EXPECT_EQ(playback.takeStory(), Story{"step"});
+    EXPECT_EQ(press(right), Story{"exact 10"});
+    press(",");
+    press(right);
+    playback.arrive();
+    playback.arrive();
+    EXPECT_EQ(playback.takeStory(), Story{"exact 15"});
+}
+
+TEST_F(PlayerControlsTest, KeysInAFilmThatTurnsOutToBeNoneAreForgotten) {
+    open(0.0);
+    press("5");
+    press(".");
+    playback.now.error = "cannot play it";
+    finishOpening();
+    EXPECT_EQ(playback.takeStory(), Story());
+    playback.now.error.reset();
+    playback.tell();
+    EXPECT_EQ(playback.takeStory(), Story());
+}
+
+TEST_F(PlayerControlsTest, PartOfAFilmThatTurnsOutToHaveNoEndIsForgotten) {
+    open(0.0);
+    press("5");
+    playback.now.isOpening = false;
+    playback.tell();
+    EXPECT_EQ(playback.takeStory(), Story());
 }
 
 TEST_F(PlayerControlsTest, RepeatedSeekKeysAddUpWhileTheFilmIsOnItsWay) {

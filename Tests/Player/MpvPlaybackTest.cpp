@@ -1,8 +1,10 @@
+#include "Player/Overlay/FilmCommands.h"
 #include "Tests/Player/Films.h"
 #include "Tests/Player/MpvSocket.h"
 #include "Tests/Player/PlaybackRun.h"
 
 #include <fstream>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
@@ -116,6 +118,29 @@ TEST(MpvPlayback, SeekWhileTheFilmIsBeingOpenedIsNeverStuck) {
         run.turn();
     }
     EXPECT_TRUE(run.until([&] { return !run.state().isSeeking && !run.state().isWaiting; }));
+}
+
+TEST(MpvPlayback, WhatIsAskedOfAFilmThatIsBeingOpenedIsDoneOnceItIs) {
+    const auto placeAfter = [](const std::function<void(Overlay::FilmCommands&)>& ask, double expected) {
+        PlaybackRun run;
+        Overlay::FilmCommands commands(run.playback);
+        run.playback.setChangeHandler([&] { commands.playbackDidChange(); });
+        run.playback.open(Films::sample().string(), 3.0);
+        EXPECT_TRUE(run.state().isOpening);
+        ask(commands);
+        EXPECT_TRUE(run.until([&] {
+            return !run.state().isSeeking && !run.state().isWaiting &&
+                   std::abs(run.state().position - expected) < frame / 2.0;
+        })) << run.state().position
+            << " instead of " << expected;
+        EXPECT_FALSE(run.state().isOpening);
+    };
+    placeAfter([](auto& commands) { commands.seekToFraction(0.0); }, 0.0);
+    placeAfter([](auto& commands) { commands.seekBy(5.0), commands.seekBy(-1.0); }, 7.0);
+    placeAfter([](auto& commands) { commands.stepFrame(Direction::Forward); }, 3.0 + frame);
+    placeAfter([](auto& commands) { commands.stepFrame(Direction::Backward); }, 3.0 - frame);
+    placeAfter([](auto& commands) { commands.seekBy(2.0), commands.stepFrame(Direction::Forward); },
+               5.0 + frame);
 }
 
 TEST(MpvPlayback, SeeksInSoundAlone) {

@@ -57,6 +57,7 @@ void MpvPlayback::exchange(const std::string& location) {
     const bool isPlaying = !opening_.location().empty() && !opening_.failure();
     if (isPlaying) {
         probe_.emplace(location, wakeUp_);
+        updateState();
         wakeUp_();
     } else {
         play();
@@ -175,6 +176,7 @@ void MpvPlayback::updateState() {
     change(state_.isMuted, properties_.isMuted);
     change(state_.speed, properties_.speed);
     change(state_.audioDevices, properties_.audioDevices);
+    change(state_.nextFilm, probe_ ? std::optional(nameOf(probe_->location())) : std::nullopt);
 }
 
 // What is said of a film before this one is loaded may still be about the one before it.

@@ -62,13 +62,12 @@ void NoticeView::layOutPlate() {
 
 void NoticeView::show(const std::string& text) {
     stopWaiting();
-    plate_->label()->setText(text);
-    plate_->setAlpha(1.0);
-    plate_->setHidden(text.empty());
     if (text.empty()) {
+        endPassing();
         return;
     }
-    layOutPlate();
+    isPassing_ = true;
+    showNow(text);
     const std::weak_ptr<NoticeView> weak = self(this);
     timer_ =
         Foundation::NSTimer::scheduledTimerWithTimeInterval(stay(text), false, [weak](Foundation::NSTimer&) {
@@ -76,6 +75,25 @@ void NoticeView::show(const std::string& text) {
                 view->fadeAway();
             }
         });
+}
+
+void NoticeView::keep(const std::string& text) {
+    kept_ = text;
+    if (!isPassing_) {
+        showNow(kept_);
+    }
+}
+
+void NoticeView::showNow(const std::string& text) {
+    plate_->label()->setText(text);
+    plate_->setAlpha(1.0);
+    plate_->setHidden(text.empty());
+    layOutPlate();
+}
+
+void NoticeView::endPassing() {
+    isPassing_ = false;
+    showNow(kept_);
 }
 
 void NoticeView::stopWaiting() {
@@ -87,13 +105,13 @@ void NoticeView::stopWaiting() {
 
 void NoticeView::fadeAway() {
     timer_.reset();
-    const std::weak_ptr<PlateView> weak = plate_;
+    const std::weak_ptr<NoticeView> weak = self(this);
     UIView::animateWithDuration(
         fadeDuration, 0.0, UIKit::UIViewAnimationOptionCurveEaseIn, [this] { plate_->setAlpha(0.0); },
         [weak](bool finished) {
-            const auto plate = weak.lock();
-            if (plate && finished) {
-                plate->setHidden(true);
+            const auto view = weak.lock();
+            if (view && finished) {
+                view->endPassing();
             }
         });
 }

@@ -13,8 +13,8 @@ namespace Overlay {
 
 class PlateView;
 
-/// A passing line for the viewer at the top of the area that the view is given as its frame. The view itself
-/// is transparent and takes no touches.
+/// A line for the viewer, passing or kept, at the top of the area that the view is given as its frame. The
+/// view itself is transparent and takes no touches.
 class NoticeView : public UIKit::UIView {
 public:
     using UIKit::UIView::init;
@@ -24,7 +24,10 @@ public:
     /// read: after two seconds, or later if it is long. An empty text takes the notice away.
     void show(const std::string& text);
 
-    /// False once it has faded away.
+    /// Shows `text` whenever no passing text is there, until it is given another or an empty one.
+    void keep(const std::string& text);
+
+    /// False once all has faded away.
     bool isShowing() const;
 
     void setFrame(const CoreGraphics::CGRect& frame) override;
@@ -36,12 +39,16 @@ protected:
     void dealloc() override;
 
 private:
+    void showNow(const std::string& text);
+    void endPassing();
     void layOutPlate();
     void stopWaiting();
     void fadeAway();
 
     std::shared_ptr<PlateView> plate_;
     std::shared_ptr<Foundation::NSTimer> timer_;
+    std::string kept_;
+    bool isPassing_ = false;
 };
 
 } // namespace Overlay

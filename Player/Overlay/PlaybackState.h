@@ -70,6 +70,9 @@ struct PlaybackState {
     /// Empty unless there is something to choose.
     std::vector<AudioDevice> audioDevices;
 
+    /// The film that is tried out while this one goes on, by its name; nothing when none is.
+    std::optional<std::string> nextFilm;
+
     /// Why nothing can be played, as one sentence without its end; nothing while all is well.
     std::optional<std::string> error;
 

@@ -25,6 +25,13 @@ std::string sentence(std::string text) {
     return text + ".";
 }
 
+void stop(std::shared_ptr<Foundation::NSTimer>& timer) {
+    if (timer) {
+        timer->invalidate();
+        timer = nullptr;
+    }
+}
+
 } // namespace
 
 StatusViews::StatusViews(const std::shared_ptr<UIKit::UIView>& host, std::function<void()> retry)
@@ -39,7 +46,8 @@ StatusViews::StatusViews(const std::shared_ptr<UIKit::UIView>& host, std::functi
 }
 
 StatusViews::~StatusViews() {
-    stopTimer();
+    stop(waitingTimer_);
+    stop(nextFilmTimer_);
     message_->clearAction();
 }
 
@@ -54,6 +62,7 @@ void StatusViews::layOut() {
 void StatusViews::show(const PlaybackState& state) {
     showError(state.error);
     showWaiting((state.isWaiting || state.isSeeking) && !state.error);
+    showNextFilm(state.nextFilm);
 }
 
 void StatusViews::showNotice(const std::string& text) { notice_->show(text); }
@@ -78,19 +87,26 @@ void StatusViews::showWaiting(bool isWaiting) {
         return;
     }
     isWaiting_ = isWaiting;
-    stopTimer();
+    stop(waitingTimer_);
     if (isWaiting) {
-        timer_ = Foundation::NSTimer::scheduledTimerWithTimeInterval(
+        waitingTimer_ = Foundation::NSTimer::scheduledTimerWithTimeInterval(
             patience, false, [this](Foundation::NSTimer& /*timer*/) { spinner_->startAnimating(); });
     } else {
         spinner_->stopAnimating();
     }
 }
 
-void StatusViews::stopTimer() {
-    if (timer_) {
-        timer_->invalidate();
-        timer_ = nullptr;
+void StatusViews::showNextFilm(const std::optional<std::string>& name) {
+    if (name == nextFilm_) {
+        return;
+    }
+    nextFilm_ = name;
+    stop(nextFilmTimer_);
+    notice_->keep("");
+    if (name) {
+        nextFilmTimer_ = Foundation::NSTimer::scheduledTimerWithTimeInterval(
+            patience, false,
+            [this](Foundation::NSTimer& /*timer*/) { notice_->keep("Opening " + *nextFilm_ + "…"); });
     }
 }
 

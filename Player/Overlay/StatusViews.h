@@ -21,7 +21,7 @@ class SpinnerView;
 struct PlaybackState;
 
 /// What is shown between the bars: a spinner while the film has been waiting for long, why it can't be played
-/// with a way to try again, and passing notices.
+/// with a way to try again, and notices.
 class StatusViews {
 public:
     /// `retry` is what the viewer asks for after an error.
@@ -42,7 +42,7 @@ public:
 private:
     void showError(const std::optional<std::string>& error);
     void showWaiting(bool isWaiting);
-    void stopTimer();
+    void showNextFilm(const std::optional<std::string>& name);
 
     std::shared_ptr<UIKit::UIView> host_;
     std::function<void()> retry_;
@@ -51,7 +51,9 @@ private:
     std::shared_ptr<NoticeView> notice_;
     std::optional<std::string> error_;
     bool isWaiting_ = false;
-    std::shared_ptr<Foundation::NSTimer> timer_;
+    std::shared_ptr<Foundation::NSTimer> waitingTimer_;
+    std::optional<std::string> nextFilm_;
+    std::shared_ptr<Foundation::NSTimer> nextFilmTimer_;
 };
 
 } // namespace Overlay

@@ -102,6 +102,37 @@ TEST_F(NoticeViewTest, EmptyTextTakesItAway) {
     EXPECT_EQ(host.runLoop().timeUntilNextWork(), std::nullopt);
 }
 
+TEST_F(NoticeViewTest, KeptTextStaysUntilItIsTakenBack) {
+    notice->keep("Opening a film…");
+    EXPECT_EQ(shownText(), "Opening a film…");
+    host.advance(60.0);
+    EXPECT_EQ(notice->plate()->alpha(), 1.0);
+    EXPECT_EQ(host.runLoop().timeUntilNextWork(), std::nullopt);
+    notice->keep("");
+    EXPECT_FALSE(notice->isShowing());
+}
+
+TEST_F(NoticeViewTest, KeptTextComesBackAfterAPassingOne) {
+    notice->keep("Opening a film…");
+    notice->show("Muted");
+    EXPECT_EQ(shownText(), "Muted");
+    host.advance(2.4);
+    EXPECT_EQ(shownText(), "Opening a film…");
+    EXPECT_EQ(notice->plate()->alpha(), 1.0);
+    notice->show("Muted");
+    notice->show("");
+    EXPECT_EQ(shownText(), "Opening a film…");
+}
+
+TEST_F(NoticeViewTest, PassingTextOutlivesTheKeptOne) {
+    notice->keep("Opening a film…");
+    notice->show("Cannot play it.");
+    notice->keep("");
+    EXPECT_EQ(shownText(), "Cannot play it.");
+    host.advance(2.4);
+    EXPECT_FALSE(notice->isShowing());
+}
+
 TEST_F(NoticeViewTest, LiesInTheMiddleNearTheTopOfItsArea) {
     notice->show("Muted");
     EXPECT_NEAR(CGRectGetMidX(plateInWindow()), 160.0, 0.5);

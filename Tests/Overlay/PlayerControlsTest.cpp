@@ -6,6 +6,7 @@
 #include "Tests/CoreGraphics/AllocationCounter.h"
 #include "Tests/Overlay/FakePlayback.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <variant>
 
@@ -407,6 +408,28 @@ TEST_F(PlayerControlsTest, PartOfAFilmThatTurnsOutToHaveNoEndIsForgotten) {
     playback.now.isOpening = false;
     playback.tell();
     EXPECT_EQ(playback.takeStory(), Story());
+}
+
+TEST_F(PlayerControlsTest, FilmThatIsTriedOutForLongIsNamedUntilThatIsOver) {
+    const auto shows = [this](const std::string& text) {
+        const Story all = texts();
+        return std::find(all.begin(), all.end(), text) != all.end();
+    };
+    playback.now.nextFilm = "other.mkv";
+    playback.tell();
+    host.advance(0.4);
+    EXPECT_FALSE(shows("Opening other.mkv…")) << "most are known by then";
+    host.advance(0.2);
+    EXPECT_TRUE(shows("Opening other.mkv…"));
+    host.advance(30.0);
+    EXPECT_TRUE(shows("Opening other.mkv…"));
+    playback.now.nextFilm = "third.mkv";
+    playback.tell();
+    host.advance(0.6);
+    EXPECT_TRUE(shows("Opening third.mkv…"));
+    playback.now.nextFilm.reset();
+    playback.tell();
+    EXPECT_FALSE(shows("Opening third.mkv…"));
 }
 
 TEST_F(PlayerControlsTest, RepeatedSeekKeysAddUpWhileTheFilmIsOnItsWay) {

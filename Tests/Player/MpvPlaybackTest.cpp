@@ -427,6 +427,20 @@ TEST(MpvPlayback, OtherFilmThatCannotBePlayedLosesNothing) {
     }
 }
 
+TEST(MpvPlayback, NameOfTheFilmThatIsTriedOutIsKnownUntilThatIsOver) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    EXPECT_FALSE(run.state().nextFilm);
+    run.playback.exchange("/nowhere/film.mkv");
+    EXPECT_EQ(run.state().nextFilm, "film.mkv");
+    run.turn();
+    EXPECT_FALSE(run.state().nextFilm);
+    run.playback.exchange(Films::sparse().string());
+    EXPECT_EQ(run.state().nextFilm, "sparse.mkv");
+    EXPECT_TRUE(run.until([&] { return !run.state().nextFilm; }));
+    EXPECT_EQ(run.state().title, "sparse.mkv");
+}
+
 TEST(MpvPlayback, NewestOfManyFilmsWins) {
     PlaybackRun run;
     ASSERT_TRUE(run.open(Films::sample().string()));

@@ -2,8 +2,11 @@
 
 #include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/MpvClient.h"
+#include "Player/Desktop/MpvLists.h"
 
+#include <limits>
 #include <string_view>
+#include <utility>
 
 namespace Player {
 
@@ -18,24 +21,13 @@ std::string lastPart(std::string_view text) {
     return std::string(colon == std::string_view::npos ? text : text.substr(colon + 2));
 }
 
-std::string describe(int error, const std::string& cause) {
-    switch (error) {
-    case MPV_ERROR_UNKNOWN_FORMAT:
-        return "it is no film or sound that can be recognised";
-    case MPV_ERROR_NOTHING_TO_PLAY:
-        return "there is neither picture nor sound in it";
-    case MPV_ERROR_LOADING_FAILED:
-        return cause.empty() ? "it cannot be opened" : cause;
-    default:
-        return mpv_error_string(error);
-    }
-}
+// No seek ever counts that far.
+constexpr std::uint64_t openCommand = std::numeric_limits<std::uint64_t>::max() - 1;
 
 } // namespace
 
 void FilmOpening::begin(MpvClient& client, const std::string& location, double start) {
-    *this = {};
-    location_ = location;
+    takeOver(location);
     start_ = start;
     if (client.failure()) {
         failure_ = client.failure();
@@ -48,15 +40,39 @@ void FilmOpening::begin(MpvClient& client, const std::string& location, double s
         }
     }
     client.setText("start", std::to_string(start));
-    client.command({"loadfile", location.c_str()});
+    client.command({"loadfile", location.c_str()}, openCommand);
+    ++unanswered_;
+    isAwaited_ = true;
 }
 
-void FilmOpening::handle(const mpv_event& event) {
+void FilmOpening::takeOver(std::string location) {
+    const int unanswered = unanswered_;
+    *this = {};
+    location_ = std::move(location);
+    unanswered_ = unanswered;
+}
+
+void FilmOpening::handle(const mpv_event& event, const MpvClient& client) {
     switch (event.event_id) {
-    case MPV_EVENT_START_FILE:
-        endError_.reset();
-        hasEnded_ = false;
+    case MPV_EVENT_COMMAND_REPLY:
+        unanswered_ -= event.reply_userdata == openCommand ? 1 : 0;
         break;
+    case MPV_EVENT_START_FILE:
+        if (unanswered_ == 0 && !std::exchange(isAwaited_, false)) {
+            const auto& start = *static_cast<const mpv_event_start_file*>(event.data);
+            takeOver(locationOfEntry(client, start.playlist_entry_id).value_or(location_));
+        }
+        break;
+    default:
+        if (!isAwaited_) {
+            noteEvent(event);
+        }
+        break;
+    }
+}
+
+void FilmOpening::noteEvent(const mpv_event& event) {
+    switch (event.event_id) {
     case MPV_EVENT_FILE_LOADED:
         isLoaded_ = true;
         break;
@@ -97,9 +113,25 @@ void FilmOpening::conclude(const MpvClient& client) {
     }
     hasDecoded_ = hasDecoded_ || (isLoaded_ && hasDecodedAnything(client));
     if (endError_) {
-        fail(describe(*endError_, cause_));
+        fail(describeEnd());
     } else if (!hasDecoded_ && (hasEnded_ || (isLoaded_ && client.flag("eof-reached").value_or(false)))) {
         fail("nothing in it can be decoded");
+    }
+}
+
+std::string FilmOpening::describeEnd() const {
+    switch (*endError_) {
+    case MPV_ERROR_UNKNOWN_FORMAT:
+        return "it is no film or sound that can be recognised";
+    case MPV_ERROR_NOTHING_TO_PLAY:
+        return "there is neither picture nor sound in it";
+    case MPV_ERROR_LOADING_FAILED:
+        if (const auto unreadable = isUrl(location_) ? std::nullopt : whyUnreadable(location_)) {
+            return *unreadable;
+        }
+        return cause_.empty() ? "it cannot be opened" : cause_;
+    default:
+        return mpv_error_string(*endError_);
     }
 }
 

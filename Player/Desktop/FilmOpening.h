@@ -8,14 +8,15 @@ namespace Player {
 
 class MpvClient;
 
-/// How a film is opened, and whether it turns out to be one. Works for one film after the other.
+/// How a film is opened, and whether it turns out to be one. Works for one film after the other, also for
+/// those that another program has the library open.
 class FilmOpening {
 public:
     /// Asks `client` to open a file or URL, to be played from `start` in seconds; one beyond the end is the
     /// end.
     void begin(MpvClient& client, const std::string& location, double start);
 
-    void handle(const mpv_event& event);
+    void handle(const mpv_event& event, const MpvClient& client);
 
     /// Call it when all events at hand are handled.
     void conclude(const MpvClient& client);
@@ -38,6 +39,9 @@ public:
     void fail(const std::string& reason);
 
 private:
+    void takeOver(std::string location);
+    void noteEvent(const mpv_event& event);
+    std::string describeEnd() const;
     void noteLog(const mpv_event_log_message& message);
 
     std::string location_;
@@ -47,6 +51,11 @@ private:
     // What the library said last about a connection or file that it could not open.
     std::string cause_;
     std::optional<int> endError_;
+
+    // Until the library begins with the film, what it tells is about the one before; and until it answered
+    // the command, so is that it begins.
+    bool isAwaited_ = false;
+    int unanswered_ = 0;
     bool isLoaded_ = false;
     bool hasEnded_ = false;
     bool hasDecoded_ = false;

@@ -1,5 +1,7 @@
 #include "Player/Desktop/MpvLists.h"
 
+#include "Player/Desktop/MpvClient.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -92,6 +94,21 @@ std::vector<Overlay::AudioDevice> readAudioDevices(const mpv_node& list) {
     }
     constexpr std::size_t leastToChoose = 3;
     return result.size() < leastToChoose ? std::vector<Overlay::AudioDevice>() : result;
+}
+
+std::optional<std::string> locationOfEntry(const MpvClient& client, std::int64_t identifier) {
+    std::optional<std::string> result;
+    mpv_node list;
+    if (mpv_get_property(client.handle(), "playlist", MPV_FORMAT_NODE, &list) < 0) {
+        return result;
+    }
+    for (const mpv_node& entry : elements(list)) {
+        if (integer(entry, "id") == identifier) {
+            result = text(entry, "filename");
+        }
+    }
+    mpv_free_node_contents(&list);
+    return result;
 }
 
 } // namespace Player

@@ -2,10 +2,15 @@
 
 #include "Player/Overlay/PlaybackState.h"
 
+#include <cstdint>
 #include <mpv/client.h>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace Player {
+
+class MpvClient;
 
 /// The sound and subtitle tracks in libmpv's list of tracks.
 std::vector<Overlay::Track> readTracks(const mpv_node& list);
@@ -16,5 +21,9 @@ std::vector<Overlay::Chapter> readChapters(const mpv_node& list);
 /// The devices in libmpv's list of them, after one that leaves the choice to the system; none where there is
 /// nothing to choose. None is selected.
 std::vector<Overlay::AudioDevice> readAudioDevices(const mpv_node& list);
+
+/// The file's path or the URL of an entry in the list of what libmpv plays; nothing if it isn't there any
+/// more.
+std::optional<std::string> locationOfEntry(const MpvClient& client, std::int64_t identifier);
 
 } // namespace Player

@@ -95,7 +95,7 @@ void MpvPlayback::refresh() {
 }
 
 void MpvPlayback::handle(const mpv_event& event) {
-    opening_.handle(event);
+    opening_.handle(event, client_);
     properties_.handle(event);
     seek_.handle(event);
     switch (event.event_id) {

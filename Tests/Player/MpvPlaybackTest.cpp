@@ -351,6 +351,33 @@ TEST(MpvPlayback, ProgramThatLeavesBeforeItsAnswerIsNoProblem) {
     EXPECT_THAT(run.notices, ElementsAre());
 }
 
+TEST(MpvPlayback, FilmThatAnotherProgramOpensIsToldUnderItsOwnName) {
+    const TemporaryFolder folder;
+    const fs::path film = folder.path() / "late.mkv";
+    MpvSocket socket(folder.path() / "socket");
+    PlaybackRun run(
+        MpvPlayback::Settings{.start = MpvPlayback::Start::Paused, .ipcServer = socket.path().string()});
+    ASSERT_TRUE(run.open(Films::sparse().string(), 3.0));
+    ASSERT_TRUE(eventually([&] { return fs::exists(socket.path()); }));
+    const auto load = [&](const std::string& path) {
+        return socket.command("\"loadfile\",\"" + path + "\"");
+    };
+    ASSERT_TRUE(load(film.string()));
+    ASSERT_TRUE(run.until([&] { return run.state().error.has_value(); }));
+    EXPECT_EQ(run.state().error, "cannot play '" + film.string() + "': no such file");
+    EXPECT_EQ(run.state().title, "late.mkv");
+    fs::copy_file(Films::sample(), film);
+    run.playback.retry();
+    EXPECT_TRUE(run.until([&] { return run.state().title == "Sample clip" && !run.state().isWaiting; }));
+    EXPECT_FALSE(run.state().error);
+    ASSERT_TRUE(load("/nowhere/film.mkv"));
+    ASSERT_TRUE(run.until([&] { return run.state().error.has_value(); }));
+    ASSERT_TRUE(load(Films::manyTracks().string()));
+    EXPECT_TRUE(
+        run.until([&] { return run.state().title == "Ein schöner Film 映画" && !run.state().isWaiting; }));
+    EXPECT_FALSE(run.state().error);
+}
+
 TEST(MpvPlayback, UnplayableFilmIsAnErrorThatCanBeTriedAgain) {
     const TemporaryFolder folder;
     const fs::path film = folder.path() / "late.mkv";

@@ -38,7 +38,8 @@ std::vector<MpvClient::Setting> clientSettings(const MpvPlayback::Settings& sett
 
 } // namespace
 
-MpvPlayback::MpvPlayback(const Settings& settings) : client_(clientSettings(settings)) {
+MpvPlayback::MpvPlayback(const Settings& settings)
+    : socket_(settings.ipcServer), client_(clientSettings(settings)) {
     state_.error = client_.failure();
     MpvProperties::observe(client_, settings.sound == Sound::Played ? MpvProperties::Devices::Listed
                                                                     : MpvProperties::Devices::Unlisted);

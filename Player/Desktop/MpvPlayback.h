@@ -5,6 +5,7 @@
 #include "Player/Desktop/MpvClient.h"
 #include "Player/Desktop/MpvProperties.h"
 #include "Player/Desktop/SeekProgress.h"
+#include "Player/Desktop/SocketFile.h"
 #include "Player/Overlay/Playback.h"
 
 #include <functional>
@@ -26,7 +27,7 @@ public:
         Sound sound = Sound::Played;
         bool isMuted = false;
 
-        /// The path of a socket for other programs.
+        /// The path of a socket for other programs. It is there as long as the playback.
         std::optional<std::string> ipcServer = std::nullopt;
     };
 
@@ -109,6 +110,7 @@ private:
         }
     }
 
+    SocketFile socket_;
     MpvClient client_;
     std::function<void()> wakeUp_ = [] {};
     std::function<void()> onChange_;

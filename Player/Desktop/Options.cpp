@@ -50,7 +50,7 @@ std::string whyNoSocket(const std::string& path) {
         return "a socket needs a path";
     }
     std::error_code error;
-    const std::filesystem::file_type type = std::filesystem::status(path, error).type();
+    const std::filesystem::file_type type = std::filesystem::symlink_status(path, error).type();
     const bool isFree =
         type == std::filesystem::file_type::not_found || type == std::filesystem::file_type::socket;
     return isFree ? std::string() : "'" + path + "' is taken by something that is no socket";

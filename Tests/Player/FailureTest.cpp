@@ -178,6 +178,17 @@ INSTANTIATE_TEST_SUITE_P(
                     std::vector<std::string>{"film.mkv", "--ipc-server", KIVPLAYER_PROGRAM},
                     std::vector<std::string>{"film.mkv", "--software", "--opengl"}));
 
+TEST(CommandLine, LinkInPlaceOfASocketIsKept) {
+    const TemporaryFolder folder;
+    const fs::path link = folder.path() / "link";
+    fs::create_symlink("later", link);
+    const auto player = startPlayer({"film.mkv", "--ipc-server", link.string()});
+    EXPECT_EQ(player->wait(), 2);
+    EXPECT_EQ(player->errors(), "kivplayer: --ipc-server: '" + link.string() +
+                                    "' is taken by something that is no socket (see --help)\n");
+    EXPECT_TRUE(fs::is_symlink(link));
+}
+
 TEST(CommandLine, HelpNamesEveryOption) {
     const auto player = startPlayer({"--help"});
     EXPECT_EQ(player->wait(), 0);

@@ -351,6 +351,33 @@ TEST(MpvPlayback, ProgramThatLeavesBeforeItsAnswerIsNoProblem) {
     EXPECT_THAT(run.notices, ElementsAre());
 }
 
+TEST(MpvPlayback, SocketGoesWithThePlaybackUnlessAnotherOneHasTakenItsPlace) {
+    const TemporaryFolder folder;
+    const std::string path = (folder.path() / "socket").string();
+    const auto isMuted = [&] { return MpvSocket(path).flag("mute"); };
+    std::optional<PlaybackRun> first(std::in_place, MpvPlayback::Settings{.ipcServer = path});
+    ASSERT_TRUE(eventually([&] { return isMuted() == false; }));
+    std::optional<PlaybackRun> second(std::in_place,
+                                      MpvPlayback::Settings{.isMuted = true, .ipcServer = path});
+    ASSERT_TRUE(eventually([&] { return isMuted() == true; }));
+    first.reset();
+    EXPECT_EQ(isMuted(), true);
+    second.reset();
+    EXPECT_FALSE(fs::exists(path));
+}
+
+TEST(MpvPlayback, FileInPlaceOfTheSocketStays) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.path() / "socket";
+    {
+        PlaybackRun run(MpvPlayback::Settings{.ipcServer = file.string()});
+        ASSERT_TRUE(eventually([&] { return MpvSocket(file).flag("pause").has_value(); }));
+        fs::remove(file);
+        std::ofstream(file) << "precious\n";
+    }
+    EXPECT_EQ(fs::file_size(file), 9U);
+}
+
 TEST(MpvPlayback, FilmThatAnotherProgramOpensIsToldUnderItsOwnName) {
     const TemporaryFolder folder;
     const fs::path film = folder.path() / "late.mkv";

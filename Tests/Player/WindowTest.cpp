@@ -211,11 +211,15 @@ TEST_P(PlayerWindow, EndsCleanlyInEveryWay) {
         {"escape", [this](const Process&) { screen.pressKey(XK_Escape); }},
     };
     for (const auto& [name, end] : ways) {
-        const auto player = play(Films::white().string());
+        const TemporaryFolder folder;
+        const fs::path socket = folder.path() / "socket";
+        const auto player = play(Films::white().string(), {"--ipc-server", socket.string()});
         ASSERT_TRUE(showsWhite()) << name << player->errors();
+        EXPECT_TRUE(eventually([&] { return fs::exists(socket); })) << name;
         end(*player);
         EXPECT_EQ(player->wait(), 0) << name << player->errors();
         EXPECT_EQ(player->errors(), "") << name;
+        EXPECT_FALSE(fs::exists(socket)) << name;
     }
 }
 

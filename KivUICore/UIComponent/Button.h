@@ -28,7 +28,7 @@ public:
     bool init() override;
 
     /// What a press runs, read at each press.
-    const std::function<void()>& actionClosure() const { return actionClosure_; }
+    std::function<void()> actionClosure() const { return actionClosure_; }
     void setActionClosure(std::function<void()> actionClosure);
 
     void enable();

@@ -132,6 +132,18 @@ TEST_F(ReentrancyTest, AnActionMayReplaceItself) {
     host->tap(onButton);
 }
 
+TEST_F(ReentrancyTest, AnActionThatTheApplicationReadsAndRunsMayReplaceItself) {
+    auto token = std::make_shared<int>(7);
+    int seen = 0;
+    overlay.button->setActionClosure([this, token = std::move(token), &seen] {
+        overlay.button->setActionClosure(nullptr);
+        seen = *token;
+    });
+    overlay.button->actionClosure()();
+    EXPECT_EQ(seen, 7);
+    EXPECT_FALSE(overlay.button->actionClosure());
+}
+
 TEST_F(ReentrancyTest, AnActionMayTakeItsButtonOutOfTheWindowAndPressItAgain) {
     int presses = 0;
     overlay.button->setActionClosure([this, &presses] {

@@ -46,7 +46,7 @@ void Button::setActionClosure(std::function<void()> actionClosure) { actionClosu
 
 std::shared_ptr<UIButton> Button::button() const { return Foundation::as<UIButton>(view()); }
 
-void Button::touchAction(const std::shared_ptr<UIButton>& /*sender*/) {
+void Button::touchAction(const std::shared_ptr<NSObject>& /*sender*/) {
     // A copy: the closure may replace itself while it runs.
     if (const std::function<void()> action = actionClosure_) {
         action();

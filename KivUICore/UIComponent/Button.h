@@ -41,7 +41,7 @@ public:
 private:
     std::shared_ptr<UIKit::UIButton> button() const;
 
-    void touchAction(const std::shared_ptr<UIKit::UIButton>& sender);
+    void touchAction(const std::shared_ptr<NSObject>& sender);
 
     std::function<void()> actionClosure_;
 };

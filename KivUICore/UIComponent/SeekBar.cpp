@@ -164,15 +164,15 @@ void SeekBar::onSeekBegan() {}
 
 void SeekBar::onSeekEnd() {}
 
-void SeekBar::beganScrubbing(const std::shared_ptr<UISlider>& /*sender*/) {
+void SeekBar::beganScrubbing(const std::shared_ptr<NSObject>& /*sender*/) {
     tell("onSeekBegan:", "onSeekBegan");
 }
 
-void SeekBar::endedScrubbing(const std::shared_ptr<UISlider>& /*sender*/) {
+void SeekBar::endedScrubbing(const std::shared_ptr<NSObject>& /*sender*/) {
     tell("onSeekFinished:", "onSeekEnd");
 }
 
-void SeekBar::onValueChanged(const std::shared_ptr<UISlider>& /*sender*/) {
+void SeekBar::onValueChanged(const std::shared_ptr<NSObject>& /*sender*/) {
     static const Foundation::SEL valueChanged("onValueChanged:");
     if (const std::shared_ptr<UIEventObserver> told = observer()) {
         told->send(valueChanged, self(this));

@@ -72,9 +72,9 @@ private:
     void registerActions();
     void tell(Foundation::SEL operation, Foundation::SEL playerOperation);
 
-    void beganScrubbing(const std::shared_ptr<UIKit::UISlider>& sender);
-    void endedScrubbing(const std::shared_ptr<UIKit::UISlider>& sender);
-    void onValueChanged(const std::shared_ptr<UIKit::UISlider>& sender);
+    void beganScrubbing(const std::shared_ptr<NSObject>& sender);
+    void endedScrubbing(const std::shared_ptr<NSObject>& sender);
+    void onValueChanged(const std::shared_ptr<NSObject>& sender);
 
     std::shared_ptr<MediaPlayer::MPVolumeView> airplayButton_;
     std::shared_ptr<KivCore::KivPlayer> player_;

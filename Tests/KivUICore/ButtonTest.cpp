@@ -23,6 +23,11 @@ public:
         lastTarget = target;
         UIButton::addTarget(target, action, events);
     }
+    void removeTarget(const std::shared_ptr<NSObject>& target, SEL action,
+                      UIKit::UIControlEvents events) override {
+        registrations.push_back(std::string(action.name()) + " no more");
+        UIButton::removeTarget(target, action, events);
+    }
 
     Story registrations;
     std::weak_ptr<NSObject> lastTarget;
@@ -56,6 +61,21 @@ TEST_F(ButtonTest, RegistersForTouchUpInsideAlone) {
     const auto button = make<Button>(view, count);
     EXPECT_EQ(view->registrations, Story{"touchAction: for 64"});
     EXPECT_EQ(view->lastTarget.lock(), button);
+}
+
+TEST_F(ButtonTest, RegistersWhenItHasItsAction) {
+    class Asking : public UIButton {
+    public:
+        void addTarget(const std::shared_ptr<NSObject>& target, SEL action,
+                       UIKit::UIControlEvents events) override {
+            hadAction = static_cast<bool>(as<Button>(target)->actionClosure());
+            UIButton::addTarget(target, action, events);
+        }
+        bool hadAction = false;
+    };
+    const auto asking = make<Asking>();
+    const auto button = make<Button>(asking, count);
+    EXPECT_TRUE(asking->hadAction);
 }
 
 TEST_F(ButtonTest, APressRunsTheActionOnceAndTellsTheObserverNothing) {
@@ -164,6 +184,7 @@ TEST_F(ButtonTest, AReplacedViewKeepsItsRegistrationAndTheNewOneGetsNone) {
     host.window()->addSubview(other);
     button->setView(other);
     EXPECT_EQ(other->registrations, Story());
+    EXPECT_EQ(view->registrations, Story{"touchAction: for 64"});
     host.tap({120.0, 30.0});
     EXPECT_EQ(presses, 0);
     press();
@@ -179,6 +200,7 @@ TEST_F(ButtonTest, AButtonThatIsGoneIsNoLongerTold) {
     press();
     EXPECT_EQ(presses, 0);
     EXPECT_EQ(view->superview(), host.window());
+    EXPECT_EQ(view->registrations, Story{"touchAction: for 64"});
 }
 
 TEST_F(ButtonTest, ReleasesViewObserverAndActionWhenItEnds) {
@@ -229,6 +251,15 @@ TEST_F(ButtonTest, IsMadeAndWorkedByName) {
     EXPECT_EQ(view->currentTitle(), "Play");
     button->send("setText:controlState:", "", UIKit::UIControlStateNormal);
     EXPECT_EQ(view->currentTitle(), "");
+}
+
+TEST_F(ButtonTest, WhoeverSendsAPressIsNotLookedAt) {
+    const auto button = make<Button>(view, count);
+    const auto slider = make<UIKit::UISlider>();
+    slider->addTarget(button, "touchAction:", UIKit::UIControlEventValueChanged);
+    slider->sendActionsForControlEvents(UIKit::UIControlEventValueChanged);
+    button->send("touchAction:", button);
+    EXPECT_EQ(presses, 2);
 }
 
 TEST_F(ButtonTest, TheActionPassesAsABlockAndAnEmptyOneStaysEmpty) {

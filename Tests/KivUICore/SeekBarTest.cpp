@@ -26,6 +26,11 @@ public:
         lastTarget = target;
         UISlider::addTarget(target, action, events);
     }
+    void removeTarget(const std::shared_ptr<NSObject>& target, SEL action,
+                      UIKit::UIControlEvents events) override {
+        registrations.push_back(std::string(action.name()) + " no more");
+        UISlider::removeTarget(target, action, events);
+    }
     void setValue(float value) override {
         settings.push_back("setValue: " + std::to_string(value));
         isPlain_ = true;
@@ -92,6 +97,29 @@ TEST_F(SeekBarTest, RegistersItsThreeActionsInOrder) {
     EXPECT_EQ(slider->registrations,
               (Story{"beganScrubbing: for 1", "endedScrubbing: for 448", "onValueChanged: for 4096"}));
     EXPECT_EQ(slider->lastTarget.lock(), seekBar);
+}
+
+TEST_F(SeekBarTest, AsksThePlayerWhenItKnowsAllElseAndRegistersAfterwards) {
+    class Asking : public Player {
+    public:
+        bool allowsAirPlay() const override {
+            onQuestion();
+            return Player::allowsAirPlay();
+        }
+        std::function<void()> onQuestion;
+    };
+    const auto asking = make<Asking>(true);
+    const auto seekBar = allocate<SeekBar>();
+    asking->onQuestion = [&] {
+        EXPECT_EQ(seekBar->view(), slider);
+        EXPECT_EQ(seekBar->observer(), watcher);
+        EXPECT_EQ(seekBar->player(), asking);
+        EXPECT_EQ(seekBar->airplayButton(), nullptr);
+        EXPECT_EQ(slider->registrations, Story());
+    };
+    ASSERT_TRUE(seekBar->init(slider, watcher, asking));
+    EXPECT_EQ(asking->questions, 1);
+    EXPECT_EQ(slider->registrations.size(), 3U);
 }
 
 TEST_F(SeekBarTest, APlayerThatAllowsAirPlayGetsAShrunkButtonFourPointsLower) {
@@ -367,6 +395,7 @@ TEST_F(SeekBarTest, AReplacedSliderKeepsItsRegistrationsAndTheNewOneGetsNone) {
     host.window()->addSubview(other);
     seekBar->setView(other);
     EXPECT_EQ(other->registrations, Story());
+    EXPECT_EQ(slider->registrations.size(), 3U);
     host.tap({19.0, 220.0});
     EXPECT_EQ(story, Story());
     host.tap(thumb());
@@ -382,6 +411,7 @@ TEST_F(SeekBarTest, ASeekBarThatIsGoneIsNoLongerTold) {
     host.touchUp({200.0, 30.0});
     host.tap(thumb());
     EXPECT_EQ(story, Story());
+    EXPECT_EQ(slider->registrations.size(), 3U);
 }
 
 TEST_F(SeekBarTest, EndingReleasesAllAndLeavesTheRouteButtonWhereItIs) {
@@ -471,6 +501,19 @@ TEST_F(SeekBarTest, IsMadeAndWorkedByName) {
     EXPECT_EQ(story, (Story{"onSeekBegan:", "onValueChanged:", "onSeekFinished:"}));
 }
 
+TEST_F(SeekBarTest, WhoeverSendsAnEventIsNotLookedAt) {
+    const auto seekBar = makeSeekBar();
+    const auto button = make<UIKit::UIButton>();
+    for (const char* operation : {"beganScrubbing:", "onValueChanged:", "endedScrubbing:"}) {
+        button->addTarget(seekBar, operation, UIKit::UIControlEventTouchUpInside);
+    }
+    button->sendActionsForControlEvents(UIKit::UIControlEventTouchUpInside);
+    EXPECT_EQ(story, (Story{"onSeekBegan:", "player: onSeekBegan",
+                            "onValueChanged:", "onSeekFinished:", "player: onSeekEnd"}));
+    seekBar->send("onValueChanged:", seekBar);
+    EXPECT_EQ(story.back(), "onValueChanged:");
+}
+
 TEST_F(SeekBarDeathTest, WithoutArgumentsThereIsNoSeekBar) {
     EXPECT_UNIMPLEMENTED(make<SeekBar>(), "init()", "KivUICore.SeekBar");
     EXPECT_UNIMPLEMENTED(Class::named("KivUICore.SeekBar")->alloc()->send<bool>("init"), "init()",
@@ -504,7 +547,6 @@ TEST_F(SeekBarDeathTest, ItsObserverIsNotAskedWhetherItResponds) {
 /// A seek bar whose accessors write down what passes through them.
 class ListeningSeekBar : public SeekBar {
 public:
-    std::shared_ptr<UIView> view() const override { return hidesView ? nullptr : SeekBar::view(); }
     void setView(const std::shared_ptr<UIView>& view) override {
         story.push_back(view ? "setView:" : "setView: nothing");
         SeekBar::setView(view);
@@ -520,7 +562,6 @@ public:
     }
 
     mutable Story story;
-    bool hidesView = false;
 };
 
 TEST_F(SeekBarTest, ViewAndThenObserverGoThroughASubclassBeforeThePlayerIsThere) {

@@ -47,6 +47,29 @@ const Value& required(const std::optional<Value>& value) {
     return *value;
 }
 
+void fillSlot(UIView& slot, const UIComponent& component) {
+    if (const std::shared_ptr<UIView> control = component.view()) {
+        control->setFrame(slot.bounds());
+        slot.addSubview(control);
+    }
+}
+
+void fillSlotWithSeekBar(UIView& slot, const SeekBar& seekBar) {
+    const CGFloat sliderWidth = slot.bounds().size.width - routeButtonWidth;
+    if (const std::shared_ptr<UIView> slider = seekBar.view()) {
+        slider->setFrame(CGRectMake(0.0, 0.0, sliderWidth, slot.bounds().size.height));
+    }
+    // Read again: a slider may take a new size as the occasion to be replaced.
+    if (const std::shared_ptr<UIView> slider = seekBar.view()) {
+        slot.addSubview(slider);
+    }
+    if (const std::shared_ptr<UIView> routeButton = seekBar.airplayButton()) {
+        const CGRect frame = routeButton->frame();
+        routeButton->setFrame(CGRectMake(sliderWidth, frame.origin.y, frame.size.width, frame.size.height));
+        slot.addSubview(routeButton);
+    }
+}
+
 } // namespace
 
 const Foundation::Class& KivBar::classObject() {
@@ -273,13 +296,10 @@ void KivBar::addElementToView(const std::shared_ptr<UIComponent>& component, std
 
 void KivBar::placeFirst(const std::shared_ptr<UIComponent>& component, std::int64_t size) {
     setElemets(Elemets());
-    const CGRect slotFrame = CGRectMake(0.0, 0.0, static_cast<CGFloat>(size) * required(columnSize()),
-                                        required(barFrame()).size.height);
-    const std::shared_ptr<UIView> slot = make<UIView>(slotFrame);
-    if (const std::shared_ptr<UIView> control = component->view()) {
-        control->setFrame(slotFrame);
-        slot->addSubview(control);
-    }
+    const CGFloat width = static_cast<CGFloat>(size) * required(columnSize());
+    const CGFloat height = required(barFrame()).size.height;
+    const std::shared_ptr<UIView> slot = make<UIView>(CGRectMake(0.0, 0.0, width, height));
+    fillSlot(*slot, *component);
     finishPlacing(slot, component, size);
 }
 
@@ -287,17 +307,10 @@ void KivBar::placeFurther(const std::shared_ptr<UIComponent>& component, std::in
     const CGFloat width = static_cast<CGFloat>(size) * required(columnSize());
     const CGFloat height = CGRectGetHeight(required(barFrame()));
     const std::shared_ptr<UIView> slot = make<UIView>(CGRectMake(getCurrentWidth(), 0.0, width, height));
-    const std::shared_ptr<SeekBar> seekBar = Foundation::as<SeekBar>(component);
-    const CGFloat roomForRouteButton = seekBar ? routeButtonWidth : 0.0;
-    if (const std::shared_ptr<UIView> control = component->view()) {
-        control->setFrame(CGRectMake(0.0, 0.0, width - roomForRouteButton, height));
-        slot->addSubview(control);
-    }
-    if (const std::shared_ptr<UIView> routeButton = seekBar ? seekBar->airplayButton() : nullptr) {
-        const CGRect frame = routeButton->frame();
-        routeButton->setFrame(
-            CGRectMake(width - routeButtonWidth, frame.origin.y, frame.size.width, frame.size.height));
-        slot->addSubview(routeButton);
+    if (const std::shared_ptr<SeekBar> seekBar = Foundation::as<SeekBar>(component)) {
+        fillSlotWithSeekBar(*slot, *seekBar);
+    } else {
+        fillSlot(*slot, *component);
     }
     finishPlacing(slot, component, size);
 }

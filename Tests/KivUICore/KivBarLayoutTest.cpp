@@ -266,6 +266,36 @@ TEST_F(KivBarLayoutTest, AControlIsSizedThenPutIntoItsSlotAndTheSlotIntoTheBar) 
                      "second setFrame: (0, 0, 30, 40), outside", "bar addSubview: mask 4, holding 1"}));
 }
 
+/// A slider that has something done to it when it is given a frame.
+class UnsteadySlider : public UISlider {
+public:
+    void setFrame(const CGRect& frame) override {
+        UISlider::setFrame(frame);
+        if (const auto copy = onFrame) {
+            copy();
+        }
+    }
+    std::function<void()> onFrame;
+};
+
+TEST_F(KivBarLayoutTest, ASliderThatIsReplacedWhenItIsSizedIsNotTheOneThatIsPlaced) {
+    bar->addElementToView(makeComponent(), 1);
+    const auto unsteady = make<UnsteadySlider>();
+    const auto successor = make<UISlider>(CGRectMake(1.0, 2.0, 3.0, 4.0));
+    const auto seekBar = make<SeekBar>(unsteady, make<Watcher>(), make<Player>(false));
+    unsteady->onFrame = [&] { seekBar->setView(successor); };
+    bar->addElementToView(seekBar, 8);
+    EXPECT_EQ(bar->view()->subviews()[1]->subviews(), std::vector<std::shared_ptr<UIView>>{successor});
+    EXPECT_EQ(successor->frame(), CGRectMake(1.0, 2.0, 3.0, 4.0));
+    EXPECT_EQ(unsteady->frame(), CGRectMake(0.0, 0.0, 8.0 * column - 44.0, 40.0));
+
+    const auto leaving = make<UnsteadySlider>();
+    const auto without = make<SeekBar>(leaving, make<Watcher>(), make<Player>(false));
+    leaving->onFrame = [&] { without->setView(nullptr); };
+    bar->addElementToView(without, 2);
+    EXPECT_TRUE(bar->view()->subviews()[2]->subviews().empty());
+}
+
 TEST_F(KivBarLayoutTest, TheRouteButtonStandsInFrontOfTheSlider) {
     bar->addElementToView(makeComponent(), 1);
     const auto seekBar = makeSeekBar(true);

@@ -29,6 +29,7 @@ constexpr std::uint64_t openCommand = std::numeric_limits<std::uint64_t>::max() 
 void FilmOpening::begin(MpvClient& client, const std::string& location, double start) {
     takeOver(location);
     start_ = start;
+    begin_ = client.time();
     if (client.failure()) {
         failure_ = client.failure();
         return;
@@ -61,6 +62,7 @@ void FilmOpening::handle(const mpv_event& event, const MpvClient& client) {
         if (unanswered_ == 0 && !std::exchange(isAwaited_, false)) {
             const auto& start = *static_cast<const mpv_event_start_file*>(event.data);
             takeOver(locationOfEntry(client, start.playlist_entry_id).value_or(location_));
+            begin_ = client.time();
         }
         break;
     default:
@@ -113,13 +115,22 @@ void FilmOpening::conclude(const MpvClient& client) {
     }
     hasDecoded_ = hasDecoded_ || (isLoaded_ && hasDecodedAnything(client));
     if (endError_) {
-        fail(describeEnd());
+        fail(describeEnd(client));
     } else if (!hasDecoded_ && (hasEnded_ || (isLoaded_ && client.flag("eof-reached").value_or(false)))) {
         fail("nothing in it can be decoded");
     }
 }
 
-std::string FilmOpening::describeEnd() const {
+// That a server took too long is the one failure of it that the library doesn't tell.
+std::string FilmOpening::describeSilence(const MpvClient& client) const {
+    const std::int64_t patience = client.number("network-timeout").value_or(0);
+    const bool isOver = client.time() - begin_ >= static_cast<double>(patience);
+    return isUrl(location_) && patience > 0 && isOver
+               ? "the server did not answer within " + std::to_string(patience) + " seconds"
+               : "it cannot be opened";
+}
+
+std::string FilmOpening::describeEnd(const MpvClient& client) const {
     switch (*endError_) {
     case MPV_ERROR_UNKNOWN_FORMAT:
         return "it is no film or sound that can be recognised";
@@ -129,7 +140,7 @@ std::string FilmOpening::describeEnd() const {
         if (const auto unreadable = isUrl(location_) ? std::nullopt : whyUnreadable(location_)) {
             return *unreadable;
         }
-        return cause_.empty() ? "it cannot be opened" : cause_;
+        return cause_.empty() ? describeSilence(client) : cause_;
     default:
         return mpv_error_string(*endError_);
     }

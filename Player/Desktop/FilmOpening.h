@@ -41,7 +41,8 @@ public:
 private:
     void takeOver(std::string location);
     void noteEvent(const mpv_event& event);
-    std::string describeEnd() const;
+    std::string describeSilence(const MpvClient& client) const;
+    std::string describeEnd(const MpvClient& client) const;
     void noteLog(const mpv_event_log_message& message);
 
     std::string location_;
@@ -51,6 +52,7 @@ private:
     // What the library said last about a connection or file that it could not open.
     std::string cause_;
     std::optional<int> endError_;
+    double begin_ = 0.0;
 
     // Until the library begins with the film, what it tells is about the one before; and until it answered
     // the command, so is that it begins.

@@ -107,6 +107,11 @@ void MpvClient::setText(const char* name, const std::string& value) {
     }
 }
 
+double MpvClient::time() const {
+    constexpr double microseconds = 1e6;
+    return handle_ ? static_cast<double>(mpv_get_time_us(handle_.get())) / microseconds : 0.0;
+}
+
 std::optional<bool> MpvClient::flag(const char* name) const {
     int value = 0;
     if (!handle_ || mpv_get_property(handle_.get(), name, MPV_FORMAT_FLAG, &value) < 0) {

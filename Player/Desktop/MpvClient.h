@@ -43,6 +43,9 @@ public:
     void setNumber(const char* name, double value);
     void setText(const char* name, const std::string& value);
 
+    /// Seconds since some moment in the past.
+    double time() const;
+
     /// What a property is now; nothing while it has no value.
     std::optional<bool> flag(const char* name) const;
     std::optional<std::int64_t> number(const char* name) const;

@@ -375,6 +375,59 @@ TEST_F(KivBarAutoHideTest, NearlyHiddenIsNotHiddenAndNearlyShownIsNotShown) {
     EXPECT_EQ(bar->resets, 2);
 }
 
+TEST_F(KivBarAutoHideTest, AnAlphaOutOfRangeOrThatIsNoNumberIsNeitherHiddenNorShown) {
+    for (const CGFloat alpha : {-0.5, -infinity, 1.5, infinity, notANumber}) {
+        bar->view()->setAlpha(alpha);
+        bar->hide();
+        EXPECT_TRUE(isAt(0.0)) << alpha;
+        host.advance(1.0);
+        bar->view()->setAlpha(alpha);
+        bar->show();
+        EXPECT_TRUE(isAt(1.0)) << alpha;
+        host.advance(1.0);
+    }
+    EXPECT_EQ(bar->resets, 10);
+}
+
+/// A view that writes down when its alpha is set, and may do more.
+class NotingView : public UIView {
+public:
+    using UIView::init;
+    bool init(Story& story, const std::string& name) {
+        story_ = &story;
+        name_ = name;
+        return UIView::init();
+    }
+
+    void setAlpha(CGFloat alpha) override {
+        UIView::setAlpha(alpha);
+        story_->push_back(name_);
+        if (onAlpha) {
+            onAlpha();
+        }
+    }
+
+    std::function<void()> onAlpha;
+
+private:
+    Story* story_ = nullptr;
+    std::string name_;
+};
+
+TEST_F(KivBarAutoHideTest, TheContainerViewIsSetFirstAndThenWhatIsInItByThen) {
+    Story story;
+    const auto container = make<NotingView>(story, "container");
+    const auto late = make<NotingView>(story, "late");
+    for (const char* name : {"first", "second"}) {
+        container->addSubview(make<NotingView>(story, name));
+    }
+    bar->setView(container);
+    container->onAlpha = [&] { container->addSubview(late); };
+    bar->hide();
+    EXPECT_EQ(story, (Story{"container", "first", "second", "late"}));
+    EXPECT_EQ(late->alpha(), 0.0);
+}
+
 TEST_F(KivBarAutoHideTest, ASecondHideDuringAFadeOutDoesNothing) {
     bar->hide();
     host.advance(0.25);
@@ -545,6 +598,53 @@ TEST_F(KivBarAutoHideTest, TheCountdownGoesThroughWhatASubclassOverrides) {
     patient->given.clear();
     host.advance(2.0 + fade + moment);
     EXPECT_EQ(patient->given, (std::vector{0.0, 7.0}));
+}
+
+/// A bar that shows another view than the one it was made with.
+class BorrowingBar : public TopBar {
+public:
+    std::shared_ptr<UIView> view() const override { return borrowed; }
+
+    std::shared_ptr<UIView> borrowed = make<UIView>();
+};
+
+TEST_F(KivBarAutoHideTest, FadesAreOfTheViewThatASubclassGives) {
+    const auto borrowing = make<BorrowingBar>(host.window());
+    const auto own = borrowing->KivBar::view();
+    const auto inside = make<UIView>();
+    borrowing->borrowed->addSubview(inside);
+    own->setAlpha(0.0);
+    borrowing->hide();
+    EXPECT_EQ(borrowing->borrowed->alpha(), 0.0);
+    EXPECT_EQ(inside->alpha(), 0.0);
+    own->setAlpha(1.0);
+    borrowing->show();
+    EXPECT_EQ(borrowing->borrowed->alpha(), 1.0);
+    EXPECT_EQ(inside->alpha(), 1.0);
+    EXPECT_EQ(own->alpha(), 1.0);
+}
+
+TEST_F(KivBarAutoHideTest, TheTimerThatASubclassGivesIsStoppedAndThenLetGo) {
+    class OwnTimerBar : public TopBar {
+    public:
+        std::shared_ptr<NSTimer> autoHideTimer() const override { return own; }
+        void setAutoHideTimer(const std::shared_ptr<NSTimer>& timer) override {
+            story.push_back(std::string(own && own->isValid() ? "running, " : "stopped, ") +
+                            (timer ? "setAutoHideTimer:" : "setAutoHideTimer: nothing"));
+            own = timer;
+        }
+        std::shared_ptr<NSTimer> own;
+        Story story;
+    };
+    const auto owning = make<OwnTimerBar>(host.window());
+    owning->setAutoHide(2.0);
+    owning->story.clear();
+    owning->resetAutoHide();
+    EXPECT_EQ(owning->story, (Story{"stopped, setAutoHideTimer: nothing", "stopped, setAutoHideTimer:"}));
+    owning->story.clear();
+    owning->clean();
+    EXPECT_EQ(owning->story, Story{"stopped, setAutoHideTimer: nothing"});
+    EXPECT_TRUE(isIdle());
 }
 
 TEST_F(KivBarAutoHideTest, DelayAndThenTimerAreStoredThroughASubclass) {

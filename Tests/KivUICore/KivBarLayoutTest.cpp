@@ -328,6 +328,27 @@ TEST_F(KivBarLayoutDeathTest, ABarWithoutColumnsTakesNoControl) {
     EXPECT_SILENT_STOP(patterned->send("addElementToView:size:", makeComponent(), 1));
 }
 
+/// A bar whose columns go after they were asked for a given number of times.
+class FadingColumnsBar : public KivBar {
+public:
+    std::optional<CGFloat> columnSize() const override {
+        return left-- > 0 ? std::optional(10.0) : std::nullopt;
+    }
+    mutable int left = 0;
+};
+
+TEST_F(KivBarLayoutDeathTest, TheWidthThatIsTakenNeedsColumnsAsSoonAsThereIsAControl) {
+    const auto fading = make<FadingColumnsBar>(host.window(), CGRectMake(0.0, 0.0, 320.0, 40.0));
+    fading->left = 1;
+    fading->addElementToView(makeComponent(), 1);
+    fading->left = 1;
+    EXPECT_SILENT_STOP(fading->addElementToView(makeComponent(), 1));
+    fading->setElemets(KivBar::Elemets());
+    fading->left = 1;
+    fading->addElementToView(makeComponent(), 1);
+    EXPECT_EQ(fading->left, 0);
+}
+
 TEST_F(KivBarLayoutDeathTest, WhatCountsIsWhatIsThereNow) {
     const auto adopting = make<KivBar>(host.window(), make<UIView>());
     adopting->setColumnSize(10.0);
@@ -470,6 +491,23 @@ TEST_F(KivBarLayoutTest, EveryDirectSubviewOfTheContainerViewCountsAsASlot) {
     bar->updateBarFrameWithFrame(CGRectMake(0.0, 0.0, 480.0, 320.0));
     EXPECT_EQ(picture->frame(), CGRectMake(0.0, 0.0, 80.0, 40.0));
     EXPECT_EQ(slotFrame(1), CGRectMake(80.0, 0.0, 288.0, 40.0));
+}
+
+TEST_F(KivBarLayoutTest, TheSlotsOfANewSizeAreThoseThatAreThereWhenTheContainerViewHasIt) {
+    class Filling : public UIView {
+    public:
+        void setFrame(const CGRect& frame) override {
+            UIView::setFrame(frame);
+            addSubview(late);
+        }
+        std::shared_ptr<UIView> late = make<UIView>();
+    };
+    const auto filling = make<Filling>();
+    bar->setView(filling);
+    bar->addElementToView(makeComponent(), 2);
+    bar->updateBarFrameWithFrame(CGRectMake(0.0, 0.0, 480.0, 320.0));
+    EXPECT_EQ(slotFrames(*bar),
+              (std::vector{CGRectMake(0.0, 0.0, 80.0, 40.0), CGRectMake(80.0, 0.0, 288.0, 40.0)}));
 }
 
 TEST_F(KivBarLayoutTest, WidthsThatDoNotDivideEvenlyAreNotRounded) {
@@ -648,6 +686,40 @@ TEST_F(KivBarLayoutTest, ListColumnsAndFrameAreTheOnesThatASubclassGives) {
     own->story.clear();
     own->clean();
     EXPECT_EQ(own->story, (Story{"autoHideTimer", "setAutoHideTimer: nothing", "list of 0", "no list"}));
+}
+
+/// A bar that shows another view than the one it was made with.
+class BorrowingBar : public KivBar {
+public:
+    std::shared_ptr<UIView> view() const override { return borrowed; }
+
+    std::shared_ptr<UIView> borrowed = make<UIView>();
+};
+
+TEST_F(KivBarLayoutTest, SlotsAreThoseOfTheViewThatASubclassGives) {
+    const auto borrowing = make<BorrowingBar>(host.window(), CGRectMake(0.0, 0.0, 320.0, 40.0));
+    borrowing->addElementToView(makeComponent(), 1);
+    EXPECT_EQ(borrowing->borrowed->subviews().size(), 1U);
+    EXPECT_TRUE(borrowing->KivBar::view()->subviews().empty());
+    borrowing->updateBarFrameWithFrame(CGRectMake(0.0, 0.0, 480.0, 320.0));
+    EXPECT_EQ(borrowing->borrowed->frame(), CGRectMake(0.0, 0.0, 480.0, 40.0));
+    EXPECT_EQ(slotFrames(*borrowing), std::vector{CGRectMake(0.0, 0.0, 80.0, 40.0)});
+    EXPECT_EQ(borrowing->KivBar::view()->frame(), CGRectMake(0.0, 0.0, 320.0, 40.0));
+}
+
+TEST_F(KivBarLayoutTest, AControlIsRememberedWhenItsSlotIsInTheBar) {
+    class Remembering : public KivBar {
+    public:
+        void setElemets(const std::optional<Elemets>& elemets) override {
+            slotsThen.push_back(view()->subviews().size());
+            KivBar::setElemets(elemets);
+        }
+        std::vector<std::size_t> slotsThen;
+    };
+    const auto remembering = make<Remembering>(host.window(), CGRectMake(0.0, 0.0, 320.0, 40.0));
+    remembering->addElementToView(makeComponent(), 1);
+    remembering->addElementToView(makeComponent(), 1);
+    EXPECT_EQ(remembering->slotsThen, (std::vector<std::size_t>{0, 1, 2}));
 }
 
 TEST_F(KivBarLayoutTest, SlotsGoIntoTheViewThatTheBarHasNow) {

@@ -584,6 +584,7 @@ TEST(KivBarTest, WhatIsPrivateToABarCanStillBeOverridden) {
     const auto bar = make<NarrowBar>(host, barFrame);
     bar->addElementToView(make<UIComponent>(), 2);
     bar->addElementToView(make<UIComponent>(), 2);
+    EXPECT_EQ(bar->view()->subviews()[0]->frame().origin.x, 0.0);
     EXPECT_EQ(bar->view()->subviews()[1]->frame().origin.x, 7.0);
     bar->hide();
     bar->view()->setAlpha(0.5);

@@ -215,7 +215,8 @@ void KivBar::setBackgroundImage(const std::shared_ptr<UIImage>& image) {
 void KivBar::setAutoHide(double delay) {
     static const Foundation::SEL hide("hide");
     setDelay(delay);
-    setAutoHideTimer(NSTimer::scheduledTimerWithTimeInterval(delay, self(this), hide, nullptr, false));
+    setAutoHideTimer(
+        NSTimer::scheduledTimerWithTimeInterval(delay, weak_from_this().lock(), hide, nullptr, false));
 }
 
 void KivBar::resetAutoHide() {
@@ -243,18 +244,23 @@ void KivBar::show() {
 }
 
 void KivBar::handleAnimationWithAlpha(CGFloat alpha) {
-    const std::shared_ptr<KivBar> bar = self(this);
+    // Nothing in tear-down, where a subclass's `clean` may fade what the bar leaves behind.
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     UIView::animateWithDuration(
         animationDuration, 0.0, animationOptions,
-        [bar, alpha] {
-            const std::shared_ptr<UIView> container = bar->view();
+        [this, alive, alpha] {
+            const std::shared_ptr<UIView> container = view();
             container->setAlpha(alpha);
             const std::vector<std::shared_ptr<UIView>> subviews = container->subviews();
             for (const std::shared_ptr<UIView>& subview : subviews) {
                 subview->setAlpha(alpha);
             }
         },
-        [bar](bool /*finished*/) { bar->resetAutoHide(); });
+        [this, alive](bool /*finished*/) {
+            if (alive) {
+                resetAutoHide();
+            }
+        });
 }
 
 // Column layout
@@ -262,9 +268,9 @@ void KivBar::handleAnimationWithAlpha(CGFloat alpha) {
 void KivBar::updateBarFrameWithFrame(const CGRect& frame) {
     const CGFloat y = isKindOfClass(BottomBar::classObject()) ? CGRectGetHeight(frame) - barHeight() : 0.0;
     const CGRect barRect = CGRectMake(0.0, y, CGRectGetWidth(frame), barHeight());
-    const auto layOut = [bar = self(this), barRect] {
-        bar->view()->setFrame(barRect);
-        const std::vector<std::shared_ptr<UIView>> slots = bar->view()->subviews();
+    const auto layOut = [this, alive = weak_from_this().lock(), barRect] {
+        view()->setFrame(barRect);
+        const std::vector<std::shared_ptr<UIView>> slots = view()->subviews();
         CGFloat x = 0.0;
         for (std::size_t index = 0; index < slots.size(); ++index) {
             slots[index]->setFrame(relaidSlot(index, barRect.size, x));

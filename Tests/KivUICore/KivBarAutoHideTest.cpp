@@ -572,6 +572,32 @@ TEST_F(KivBarAutoHideTest, ActivityKeepsABarThatOnlyItsTimerHolds) {
     EXPECT_TRUE(present.expired());
 }
 
+TEST_F(KivBarAutoHideTest, TheCleanOfASubclassMayUseTheWholeBarWhileItEnds) {
+    class Parting : public TopBar {
+    public:
+        void clean() override {
+            resetAutoHide();
+            updateBarFrameWithFrame(CGRectMake(0.0, 0.0, 480.0, 320.0));
+            TopBar::clean();
+            hide();
+            setAutoHide(1.0);
+        }
+    };
+    auto parting = make<Parting>(host.window());
+    const std::weak_ptr<Parting> present = parting;
+    const auto view = parting->view();
+    const auto slot = make<UIView>();
+    view->addSubview(slot);
+    parting->setDelay(2.0);
+    parting = nullptr;
+    EXPECT_TRUE(present.expired());
+    EXPECT_EQ(view->frame(), CGRectMake(0.0, 0.0, 480.0, 40.0));
+    EXPECT_EQ(view->alpha(), 0.0);
+    EXPECT_EQ(slot->alpha(), 0.0);
+    host.advance(10.0);
+    EXPECT_TRUE(isIdle());
+}
+
 // Overriding
 
 /// A bar with a delay of its own, which is never stored.

@@ -135,6 +135,21 @@ TEST_F(KivBarLayoutTest, ASubclassOfSeekBarIsASeekBar) {
     EXPECT_EQ(chapters->airplayButton()->superview(), bar->view()->subviews()[1]);
 }
 
+TEST_F(KivBarLayoutTest, TheSliderThatASubclassOfSeekBarGivesIsTheOneThatIsPlaced) {
+    class Borrowing : public SeekBar {
+    public:
+        std::shared_ptr<UIView> view() const override { return borrowed; }
+        std::shared_ptr<UIView> borrowed = make<UIView>();
+    };
+    bar->addElementToView(makeComponent(), 2);
+    const auto own = make<UISlider>();
+    const auto borrowing = make<Borrowing>(own, make<Watcher>(), make<Player>(false));
+    bar->addElementToView(borrowing, 6);
+    EXPECT_EQ(borrowing->borrowed->frame(), CGRectMake(0.0, 0.0, 6.0 * column - 44.0, 40.0));
+    EXPECT_EQ(bar->view()->subviews()[1]->subviews(), std::vector{borrowing->borrowed});
+    EXPECT_EQ(own->frame(), CGRect());
+}
+
 TEST_F(KivBarLayoutTest, ASeekBarWithoutASliderPlacesItsRouteButtonAlone) {
     bar->addElementToView(makeComponent(), 2);
     const auto seekBar = makeSeekBar(true);
@@ -418,10 +433,20 @@ TEST_F(KivBarLayoutTest, ABarOfAnotherHeightBecomesFortyPointsHigh) {
 }
 
 TEST_F(KivBarLayoutTest, ASubclassOfBottomBarIsABottomBar) {
-    class ChapterBar : public BottomBar {};
-    const auto bottom = make<ChapterBar>(host.window());
-    bottom->updateBarFrameWithFrame(CGRectMake(0.0, 0.0, 480.0, 320.0));
-    EXPECT_EQ(bottom->view()->frame(), CGRectMake(0.0, 280.0, 480.0, 40.0));
+    class PlainBar : public BottomBar {};
+    class NamedBar : public BottomBar {
+    public:
+        static const Class& classObject() {
+            static const Class& object = ClassBuilder<NamedBar, BottomBar>("Tests.NamedBar").build();
+            return object;
+        }
+    };
+    for (const std::shared_ptr<BottomBar>& bottom :
+         {std::shared_ptr<BottomBar>(make<PlainBar>(host.window())),
+          std::shared_ptr<BottomBar>(make<NamedBar>(host.window()))}) {
+        bottom->updateBarFrameWithFrame(CGRectMake(0.0, 0.0, 480.0, 320.0));
+        EXPECT_EQ(bottom->view()->frame(), CGRectMake(0.0, 280.0, 480.0, 40.0));
+    }
 }
 
 TEST_F(KivBarLayoutTest, APlainBarFollowsAtTheTopWhereverItWas) {

@@ -594,8 +594,11 @@ TEST_F(SeekBarTest, AnObserverThatASubclassGivesIsTheOneThatIsTold) {
     Story others;
     const auto seekBar = make<Redirecting>(slider, watcher, player);
     seekBar->other = make<Watcher>(others);
-    host.tap(thumb());
-    EXPECT_EQ(others, (Story{"onSeekBegan:", "onSeekFinished:"}));
+    const CGPoint start = thumb();
+    host.touchDown(start);
+    host.touchMove({start.x + 20.0, start.y});
+    host.touchUp({start.x + 20.0, start.y});
+    EXPECT_EQ(others, (Story{"onSeekBegan:", "onValueChanged:", "onSeekFinished:"}));
     EXPECT_EQ(story, (Story{"player: onSeekBegan", "player: onSeekEnd"}));
 }
 

@@ -2,8 +2,11 @@
 
 #include "Tests/Player/Process.h"
 
+#include <fcntl.h>
 #include <fstream>
 #include <stdexcept>
+#include <sys/file.h>
+#include <unistd.h>
 #include <vector>
 
 namespace Player {
@@ -19,15 +22,34 @@ void run(const std::vector<std::string>& command) {
     }
 }
 
-// Tests run side by side, so a film appears under its name only when it is complete.
+/// Held by one test at a time; gone with the test that holds it.
+class Lock {
+public:
+    explicit Lock(const fs::path& path)
+        : descriptor_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+        if (flock(descriptor_, LOCK_EX) != 0) {
+            throw std::runtime_error("cannot lock " + path.string());
+        }
+    }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    ~Lock() { close(descriptor_); }
+
+private:
+    int descriptor_;
+};
+
+// Tests run side by side: one of them makes a film, which takes all of the machine, and the others wait for
+// it. It appears under its name only when it is complete, as a test may be ended at any time.
 template <class Make>
 fs::path film(const std::string& name, Make make) {
     const fs::path path = fs::path(KIVPLAYER_TEST_FILMS) / name;
+    fs::create_directories(path.parent_path());
+    const Lock lock(path.string() + ".lock");
     if (!fs::exists(path)) {
         const TemporaryFolder folder;
         const fs::path made = folder.path() / name;
         make(made.string());
-        fs::create_directories(path.parent_path());
         const fs::path beside = path.string() + "." + folder.path().filename().string();
         fs::copy_file(made, beside);
         fs::rename(beside, path);

@@ -16,7 +16,8 @@ MpvSocket::~MpvSocket() {
     }
 }
 
-// The player makes the socket some time after it was started.
+// mpv makes the socket some time after it was started, and listens a moment after it is there to be
+// seen.
 bool MpvSocket::connect() {
     if (descriptor_ >= 0) {
         return true;
@@ -33,9 +34,13 @@ bool MpvSocket::connect() {
     return true;
 }
 
+bool MpvSocket::waitForIt() {
+    return eventually([this] { return connect(); });
+}
+
 bool MpvSocket::leaveBeforeTheAnswer(const std::string& words) {
     const std::string request = "{\"command\":[" + words + "]}\n";
-    if (!connect() || shutdown(descriptor_, SHUT_RD) != 0 ||
+    if (!waitForIt() || shutdown(descriptor_, SHUT_RD) != 0 ||
         send(descriptor_, request.data(), request.size(), MSG_NOSIGNAL) < 0) {
         return false;
     }
@@ -84,7 +89,7 @@ std::string MpvSocket::ask(const std::string& words) {
 }
 
 bool MpvSocket::command(const std::string& words) {
-    return ask(words).find("\"error\":\"success\"") != std::string::npos;
+    return waitForIt() && ask(words).find("\"error\":\"success\"") != std::string::npos;
 }
 
 std::optional<std::string> MpvSocket::value(const std::string& property) {

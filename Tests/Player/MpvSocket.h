@@ -20,10 +20,12 @@ public:
     std::optional<double> number(const std::string& property);
     std::optional<bool> flag(const std::string& property);
 
-    /// A command in JSON: `"set_property", "pause", true`. False if mpv refuses it or can't be reached.
+    /// A command in JSON: `"set_property", "pause", true`, given once mpv can be reached. False if it
+    /// refuses.
     bool command(const std::string& words);
 
-    /// Sends a command whose answer nobody takes. False if mpv doesn't close the connection then.
+    /// Sends a command whose answer nobody takes, once mpv can be reached. False if mpv doesn't close the
+    /// connection then.
     bool leaveBeforeTheAnswer(const std::string& words);
 
 private:
@@ -31,6 +33,7 @@ private:
     std::string ask(const std::string& words);
     std::optional<std::string> value(const std::string& property);
     bool connect();
+    bool waitForIt();
     std::string readLine();
 
     std::filesystem::path path_;

@@ -200,6 +200,7 @@ void KivBar::setBackgroundImage(const std::shared_ptr<UIImage>& image) {
     if (!image) {
         return;
     }
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     image->drawInRect(view()->bounds());
     const std::shared_ptr<UIImage> stretched = UIKit::UIGraphicsGetImageFromCurrentImageContext();
     if (!stretched) {
@@ -214,9 +215,9 @@ void KivBar::setBackgroundImage(const std::shared_ptr<UIImage>& image) {
 
 void KivBar::setAutoHide(double delay) {
     static const Foundation::SEL hide("hide");
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     setDelay(delay);
-    setAutoHideTimer(
-        NSTimer::scheduledTimerWithTimeInterval(delay, weak_from_this().lock(), hide, nullptr, false));
+    setAutoHideTimer(NSTimer::scheduledTimerWithTimeInterval(delay, alive, hide, nullptr, false));
 }
 
 void KivBar::resetAutoHide() {

@@ -1,4 +1,5 @@
 #include "Hosts/Headless/HeadlessHost.h"
+#include "Platform/CoreGraphics/CGRecordingContext.h"
 #include "Tests/KivUICore/Watchers.h"
 
 #include <gtest/gtest.h>
@@ -487,6 +488,48 @@ TEST_F(ReentrancyTest, AFadeOutlivesTheBarBeingLetGoByItsOwnViews) {
     bar->setView(container);
     bar->updateBarFrameWithFrame(CGRectMake(0.0, 0.0, 480.0, 320.0));
     EXPECT_EQ(bar, nullptr);
+}
+
+TEST_F(ReentrancyTest, ANewDelayMayEndTheBarThatItIsSetFor) {
+    class Touchy : public TopBar {
+    public:
+        void setDelay(double delay) override {
+            TopBar::setDelay(delay);
+            if (const auto copy = onDelay) {
+                copy();
+            }
+        }
+        std::function<void()> onDelay;
+    };
+    auto bar = make<Touchy>(host->window());
+    const std::weak_ptr<Touchy> present = bar;
+    bar->onDelay = [&bar] { bar = nullptr; };
+    bar->setAutoHide(1.0);
+    EXPECT_EQ(bar, nullptr);
+    // The timer has it by now.
+    ASSERT_FALSE(present.expired());
+    present.lock()->setDelay(0.0);
+    host->advance(3.0);
+    EXPECT_TRUE(present.expired());
+}
+
+TEST_F(ReentrancyTest, AnImageThatIsDrawnForTheBackgroundMayEndTheBar) {
+    class Ending : public UIKit::UIImage {
+    public:
+        void drawInRect(const CGRect& rect) const override {
+            UIImage::drawInRect(rect);
+            onDrawing();
+        }
+        std::function<void()> onDrawing;
+    };
+    auto bar = make<TopBar>(host->window());
+    const std::weak_ptr<TopBar> present = bar;
+    const auto view = bar->view();
+    const auto image = make<Ending>(CGRecordingContext({1.0, 1.0}).drawing());
+    image->onDrawing = [&bar] { bar = nullptr; };
+    bar->setBackgroundImage(image);
+    EXPECT_TRUE(present.expired());
+    EXPECT_TRUE(view->isOpaque());
 }
 
 // Cleaning and placing

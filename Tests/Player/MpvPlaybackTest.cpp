@@ -71,8 +71,9 @@ TEST(MpvPlayback, KeyFrameSeekStopsAtAKeyFrame) {
     ASSERT_TRUE(run.open(Films::sparse().string()));
     run.playback.seek(3.9, SeekPrecision::KeyFrame);
     ASSERT_TRUE(run.until([&] { return !run.state().isSeeking; }));
-    EXPECT_TRUE(run.until([&] { return run.state().position > 0.0; }));
-    EXPECT_NEAR(run.state().position, 2.0, frame);
+    // Until libmpv tells of the place reached, it is the one asked for.
+    EXPECT_TRUE(run.until([&] { return std::abs(run.state().position - 2.0) < frame; }))
+        << run.state().position;
 }
 
 TEST(MpvPlayback, SeekThatFollowsAnotherEndsWithTheNewest) {
@@ -80,8 +81,13 @@ TEST(MpvPlayback, SeekThatFollowsAnotherEndsWithTheNewest) {
     ASSERT_TRUE(run.open(Films::sample().string()));
     for (const double time : {2.0, 9.0, 4.0, 10.5, 6.0}) {
         run.playback.seek(time, SeekPrecision::Exact);
-        run.turn();
         EXPECT_TRUE(run.state().isSeeking);
+        run.turn();
+        // On a machine that is busy the film may have arrived in the meantime.
+        if (!run.state().isSeeking) {
+            run.playback.refresh();
+            EXPECT_NEAR(run.state().position, time, frame);
+        }
     }
     ASSERT_TRUE(run.until([&] { return !run.state().isSeeking; }));
     EXPECT_TRUE(run.until([&] { return std::abs(run.state().position - 6.0) < frame; }));
@@ -174,8 +180,10 @@ TEST(MpvPlayback, FilmEndsOnItsLastPictureAndNobodyPausedIt) {
     ASSERT_TRUE(run.open(Films::sample().string(), 11.5));
     ASSERT_TRUE(run.until([&] { return run.state().hasEnded; }));
     EXPECT_FALSE(run.state().isPaused);
-    EXPECT_FALSE(run.state().isWaiting);
-    EXPECT_NEAR(run.state().position, 12.0, 0.2);
+    // That the end is reached may be told before the place is.
+    EXPECT_TRUE(run.until([&] {
+        return !run.state().isWaiting && std::abs(run.state().position - 12.0) < 0.2;
+    })) << run.state().position;
 }
 
 TEST(MpvPlayback, PlayAtTheEndStartsOver) {
@@ -185,6 +193,8 @@ TEST(MpvPlayback, PlayAtTheEndStartsOver) {
         run.playback.seek(12.0, SeekPrecision::Exact);
         ASSERT_TRUE(run.until([&] { return run.state().hasEnded; }));
         EXPECT_EQ(run.state().isPaused, start == MpvPlayback::Start::Paused);
+        // Slow enough for its beginning to be seen on a machine that is busy.
+        run.playback.setSpeed(0.25);
         run.playback.play();
         EXPECT_TRUE(run.state().isSeeking);
         EXPECT_FALSE(run.state().hasEnded);
@@ -232,20 +242,29 @@ TEST(MpvPlayback, StepWhilePlayingPauses) {
     EXPECT_TRUE(run.state().isPaused);
     ASSERT_TRUE(run.until([&] { return run.playback.client().flag("pause").value_or(false); }));
     run.playback.play();
-    EXPECT_TRUE(run.until([&] { return !run.state().isPaused; }));
+    EXPECT_TRUE(run.until(
+        [&] { return !run.state().isPaused && !run.playback.client().flag("pause").value_or(true); }));
 }
 
 TEST(MpvPlayback, StepAtTheLastPictureRestsThere) {
     PlaybackRun run;
     ASSERT_TRUE(run.open(Films::sample().string(), 11.9));
+    bool wasAlwaysPaused = true;
     for (int step = 0; step < 6; ++step) {
+        const double before = run.state().position;
         run.playback.stepFrame(Direction::Forward);
-        ASSERT_TRUE(run.until([&] { return run.playback.client().flag("pause").value_or(false); })) << step;
+        ASSERT_TRUE(run.until([&] {
+            wasAlwaysPaused = wasAlwaysPaused && run.state().isPaused;
+            const bool isOver = run.state().hasEnded || run.state().position > before + frame / 2.0;
+            return isOver && run.playback.client().flag("pause").value_or(false);
+        })) << step;
     }
-    EXPECT_TRUE(run.state().isPaused);
+    EXPECT_TRUE(run.state().hasEnded);
+    EXPECT_TRUE(wasAlwaysPaused);
     run.playback.seek(2.0, SeekPrecision::Exact);
     EXPECT_TRUE(run.until([&] { return !run.state().isSeeking; }));
     EXPECT_TRUE(run.playback.client().flag("pause").value_or(false));
+    EXPECT_TRUE(run.state().isPaused);
 }
 
 TEST(MpvPlayback, VolumeMuteAndSpeedAreWhatWasAskedFor) {
@@ -312,9 +331,13 @@ TEST(MpvPlayback, ChoosesTracks) {
 TEST(MpvPlayback, RestingFilmHasNoNews) {
     PlaybackRun run;
     ASSERT_TRUE(run.open(Films::sample().string()));
-    // The last properties come a little later than the picture.
-    ASSERT_TRUE(
-        run.until([&, last = -1]() mutable { return std::exchange(last, run.changes) == run.changes; }));
+    // The last properties come a little later than the picture, and not all at once. Each answer shows that
+    // libmpv had the time to tell of them.
+    constexpr int enough = 25;
+    ASSERT_TRUE(run.until([&, last = -1, quiet = 0]() mutable {
+        quiet = std::exchange(last, run.changes) == run.changes ? quiet + 1 : 0;
+        return run.playback.client().flag("pause") && quiet == enough;
+    }));
     const int before = run.changes;
     for (int count = 0; count < 10; ++count) {
         run.turn();
@@ -345,7 +368,6 @@ TEST(MpvPlayback, ProgramThatLeavesBeforeItsAnswerIsNoProblem) {
     const TemporaryFolder folder;
     MpvSocket socket(folder.path() / "socket");
     PlaybackRun run(MpvPlayback::Settings{.ipcServer = socket.path().string()});
-    ASSERT_TRUE(eventually([&] { return fs::exists(socket.path()); }));
     ASSERT_TRUE(socket.leaveBeforeTheAnswer("\"get_property\",\"pause\""));
     run.turn();
     EXPECT_THAT(run.notices, ElementsAre());
@@ -385,7 +407,6 @@ TEST(MpvPlayback, FilmThatAnotherProgramOpensIsToldUnderItsOwnName) {
     PlaybackRun run(
         MpvPlayback::Settings{.start = MpvPlayback::Start::Paused, .ipcServer = socket.path().string()});
     ASSERT_TRUE(run.open(Films::sparse().string(), 3.0));
-    ASSERT_TRUE(eventually([&] { return fs::exists(socket.path()); }));
     const auto load = [&](const std::string& path) {
         return socket.command("\"loadfile\",\"" + path + "\"");
     };

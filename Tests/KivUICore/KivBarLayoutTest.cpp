@@ -34,7 +34,7 @@ protected:
     }
 
     static std::shared_ptr<UIComponent> makeComponent(const std::shared_ptr<UIView>& view = make<UIView>()) {
-        const auto component = make<UIComponent>();
+        auto component = make<UIComponent>();
         component->setView(view);
         return component;
     }

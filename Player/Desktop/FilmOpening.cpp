@@ -36,6 +36,7 @@ void FilmOpening::begin(MpvClient& client, const std::string& location, double s
     }
     if (!isUrl(location)) {
         if (const std::optional<std::string> reason = whyUnreadable(location)) {
+            client.command({"stop"});
             fail(*reason);
             return;
         }

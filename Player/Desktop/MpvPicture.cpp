@@ -65,8 +65,10 @@ bool MpvPicture::start(mpv_render_param* parameters) {
 
 void MpvPicture::stopDrawing() { renderer_.reset(); }
 
-bool MpvPicture::hasNewFrame() {
-    return renderer_ && (mpv_render_context_update(renderer_.get()) & MPV_RENDER_UPDATE_FRAME) != 0;
+bool MpvPicture::hasNewFrame() { return renderer_ && (isOutOfDate_ || isFrameDue()); }
+
+bool MpvPicture::isFrameDue() {
+    return (mpv_render_context_update(renderer_.get()) & MPV_RENDER_UPDATE_FRAME) != 0;
 }
 
 void MpvPicture::drawIntoFramebuffer(unsigned framebuffer, const PixelSize& size) {
@@ -95,7 +97,8 @@ void MpvPicture::draw(mpv_render_param* parameters) {
     if (!renderer_) {
         return;
     }
-    const bool isNew = hasNewFrame();
+    isOutOfDate_ = false;
+    const bool isNew = isFrameDue();
     const bool isDrawn = mpv_render_context_render(renderer_.get(), parameters) >= 0;
     hasDrawn_ = hasDrawn_ || (isNew && isDrawn);
 }

@@ -20,6 +20,10 @@ public:
     /// True once any picture of a film was drawn.
     bool hasDrawn() const { return hasDrawn_; }
 
+    /// The film that was drawn last is over: what libmpv has instead, which is black until there is another
+    /// picture, counts as a new frame.
+    void filmIsOver() { isOutOfDate_ = true; }
+
     void setWakeUp(std::function<void()> wakeUp) override;
     bool startOpenGL(void* (*functionAddress)(const char* name)) override;
     bool startMemory() override;
@@ -35,6 +39,7 @@ private:
     };
 
     bool start(mpv_render_param* parameters);
+    bool isFrameDue();
     void draw(mpv_render_param* parameters);
     void connectWakeUp();
 
@@ -42,6 +47,7 @@ private:
     std::function<void()> wakeUp_ = [] {};
     std::unique_ptr<mpv_render_context, Release> renderer_;
     bool hasDrawn_ = false;
+    bool isOutOfDate_ = false;
 };
 
 } // namespace Player

@@ -84,6 +84,7 @@ void MpvPlayback::update() {
         handle(*event);
     }
     opening_.conclude(client_);
+    notePicture();
     finishStep();
     finishProbe();
     updateState();
@@ -104,6 +105,11 @@ void MpvPlayback::handle(const mpv_event& event) {
         // A property that is the same as in the film before is not told again.
         properties_.position = opening_.start();
         properties_.refresh(client_);
+        isPictureUnsure_ = true;
+        break;
+    case MPV_EVENT_VIDEO_RECONFIG:
+    case MPV_EVENT_IDLE:
+        isPictureUnsure_ = true;
         break;
     case MPV_EVENT_PLAYBACK_RESTART:
         // Whether it has ended is told a little later than that the place sought is reached.
@@ -122,6 +128,14 @@ void MpvPlayback::handle(const mpv_event& event) {
         break;
     default:
         break;
+    }
+}
+
+// Between two films the last picture of the first one stays.
+void MpvPlayback::notePicture() {
+    if (isPictureUnsure_ && (opening_.isLoaded() || opening_.failure())) {
+        isPictureUnsure_ = false;
+        hasLostPicture_ = hasLostPicture_ || !client_.number("vid");
     }
 }
 

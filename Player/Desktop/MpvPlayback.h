@@ -11,6 +11,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace Player {
 
@@ -61,6 +62,9 @@ public:
     /// True once the place where the film was to start is reached.
     bool isAtStart() const { return opening_.isAtStart(); }
 
+    /// True once after a film turned out to have no picture: the last one of the film before is out of date.
+    bool takePictureLoss() { return std::exchange(hasLostPicture_, false); }
+
     /// True after another program asked the player to end.
     bool isAskedToEnd() const { return isAskedToEnd_; }
 
@@ -86,6 +90,7 @@ private:
 
     void handle(const mpv_event& event);
     void noteLog(const mpv_event_log_message& message);
+    void notePicture();
     void finishStep();
     void finishProbe();
     void updateState();
@@ -124,6 +129,8 @@ private:
     std::optional<FilmProbe> probe_;
     StepStage step_ = StepStage::None;
     bool isAskedToEnd_ = false;
+    bool isPictureUnsure_ = false;
+    bool hasLostPicture_ = false;
 };
 
 } // namespace Player

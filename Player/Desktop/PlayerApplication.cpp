@@ -78,6 +78,9 @@ void PlayerApplication::filmHasNews() {
         title_ = state.title;
         window_->setTitle(title_);
     }
+    if (playback_.takePictureLoss()) {
+        picture_.filmIsOver();
+    }
     if (playback_.isAskedToEnd()) {
         close();
     }

@@ -458,6 +458,32 @@ TEST(MpvPlayback, AnotherFilmTakesOver) {
     EXPECT_TRUE(run.notices.empty());
 }
 
+TEST(MpvPlayback, PictureGoesWithItsFilm) {
+    const TemporaryFolder folder;
+    MpvSocket socket(folder.path() / "socket");
+    PlaybackRun run(
+        MpvPlayback::Settings{.start = MpvPlayback::Start::Paused, .ipcServer = socket.path().string()});
+    ASSERT_TRUE(eventually([&] { return fs::exists(socket.path()); }));
+    const auto shows = [&](int brightness) {
+        return run.until([&] {
+            cairo_surface_mark_dirty(run.pixels.surface());
+            const Desktop::PixelBuffer buffer = run.pixels.buffer();
+            const unsigned char* row = buffer.pixels + 90 * buffer.stride;
+            return std::abs(row[4 * 160] - brightness) < 3;
+        });
+    };
+    for (const std::string& next : {Films::sound().string(), std::string("/nowhere/film.mkv")}) {
+        ASSERT_TRUE(run.open(Films::white().string()));
+        EXPECT_TRUE(shows(255));
+        run.playback.open(next, 0.0);
+        EXPECT_TRUE(shows(0)) << next;
+        ASSERT_TRUE(run.open(Films::white().string()));
+        EXPECT_TRUE(shows(255));
+        ASSERT_TRUE(socket.command("\"loadfile\",\"" + next + "\""));
+        EXPECT_TRUE(shows(0)) << next << " by another program";
+    }
+}
+
 TEST(MpvPlayback, SameFilmAgainIsKnownInFullAgain) {
     PlaybackRun run;
     ASSERT_TRUE(run.open(Films::manyTracks().string()));

@@ -27,6 +27,9 @@ public:
     /// What the host does at each turn.
     void turn() {
         playback.update();
+        if (playback.takePictureLoss()) {
+            picture.filmIsOver();
+        }
         if (picture.hasNewFrame()) {
             picture.drawIntoMemory(pixels.buffer());
             picture.frameWasShown();

@@ -114,6 +114,7 @@ void MpvPlayback::handle(const mpv_event& event) {
     case MPV_EVENT_PLAYBACK_RESTART:
         // Whether it has ended is told a little later than that the place sought is reached.
         properties_.isAtEnd = client_.flag("eof-reached").value_or(false);
+        MpvProperties::observeEndAgain(client_);
         break;
     case MPV_EVENT_COMMAND_REPLY:
         if (event.reply_userdata == stepCommand && step_ == StepStage::Asked) {

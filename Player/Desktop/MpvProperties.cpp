@@ -117,6 +117,14 @@ void MpvProperties::observe(const MpvClient& client, Devices devices) {
     }
 }
 
+void MpvProperties::observeEndAgain(const MpvClient& client) {
+    const auto* const found = std::find_if(observed.begin(), observed.end(),
+                                           [](const Observed& each) { return each.take == takeEnd; });
+    const auto index = static_cast<std::uint64_t>(found - observed.begin());
+    mpv_unobserve_property(client.handle(), index);
+    mpv_observe_property(client.handle(), index, found->name, found->format);
+}
+
 void MpvProperties::handle(const mpv_event& event) {
     if (event.event_id == MPV_EVENT_PROPERTY_CHANGE) {
         const auto& property = *static_cast<const mpv_event_property*>(event.data);

@@ -34,6 +34,11 @@ public:
     /// Asks to be told of all of them from now on; of the devices, only if they are to be listed.
     static void observe(const MpvClient& client, Devices devices);
 
+    /// Asks to be told in any case whether the film is at its end. For who has read it in between: libmpv
+    /// tells only of what differs from what it told last, so that a film which left its end for a moment
+    /// would seem not to be back there.
+    static void observeEndAgain(const MpvClient& client);
+
     /// Takes in one event.
     void handle(const mpv_event& event);
 

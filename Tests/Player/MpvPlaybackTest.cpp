@@ -186,6 +186,17 @@ TEST(MpvPlayback, FilmEndsOnItsLastPictureAndNobodyPausedIt) {
     })) << run.state().position;
 }
 
+TEST(MpvPlayback, FilmThatIsSoughtFromItsEndToItsEndHasEndedAgain) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::sample().string(), 5.0));
+    for (int count = 0; count < 10; ++count) {
+        run.playback.seek(12.0, SeekPrecision::Exact);
+        EXPECT_TRUE(run.state().isSeeking);
+        EXPECT_FALSE(run.state().hasEnded);
+        ASSERT_TRUE(run.until([&] { return run.state().hasEnded; })) << count;
+    }
+}
+
 TEST(MpvPlayback, PlayAtTheEndStartsOver) {
     for (const auto start : {MpvPlayback::Start::Running, MpvPlayback::Start::Paused}) {
         PlaybackRun run(start);

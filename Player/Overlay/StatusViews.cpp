@@ -18,7 +18,31 @@ namespace {
 
 constexpr double patience = 0.5;
 
+bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+// A name in quotes keeps its beginning and its end alone, so that a small window has room for what comes
+// behind it. Lengths are in bytes, rounded up to whole characters.
+std::string withShortName(std::string text) {
+    constexpr std::size_t longestName = 36;
+    constexpr std::size_t end = 16;
+    const std::size_t open = text.find('\'');
+    const std::size_t close = text.rfind("': ");
+    if (open == std::string::npos || close == std::string::npos || close < open + 1 + longestName) {
+        return text;
+    }
+    std::size_t from = open + 1 + longestName - end;
+    std::size_t to = close - end;
+    while (isContinuation(text[from])) {
+        ++from;
+    }
+    while (isContinuation(text[to])) {
+        --to;
+    }
+    return from < to ? text.replace(from, to - from, "…") : text;
+}
+
 std::string sentence(std::string text) {
+    text = withShortName(std::move(text));
     if (!text.empty() && text.front() >= 'a' && text.front() <= 'z') {
         text.front() = static_cast<char>(text.front() - 'a' + 'A');
     }

@@ -647,6 +647,22 @@ TEST_F(PlayerControlsTest, ErrorIsToldWithAWayToTryAgain) {
     EXPECT_EQ(texts(), (Story{"A film", "00:00", "01:40"}));
 }
 
+TEST_F(PlayerControlsTest, LongNameLeavesRoomForWhatWentWrong) {
+    const auto told = [this](const std::string& name) {
+        overlay.showProblem("cannot play '" + name + "': no such file");
+        return texts().front();
+    };
+    EXPECT_EQ(told("https://films.example/2026/mountains/a-long-day.mkv"),
+              "Cannot play 'https://films.exampl…s/a-long-day.mkv': no such file.");
+    EXPECT_EQ(told(std::string(36, 'a')), "Cannot play '" + std::string(36, 'a') + "': no such file.");
+    // Characters stay whole.
+    EXPECT_EQ(told("电影电影电影电影电影电影电影电影"),
+              "Cannot play '电影电影电影电…电影电影电影': no such file.");
+    EXPECT_EQ(told("it's: a film"), "Cannot play 'it's: a film': no such file.");
+    overlay.showProblem("': " + std::string(60, '\x80') + "'");
+    EXPECT_EQ(texts().front().size(), 65U);
+}
+
 TEST_F(PlayerControlsTest, SpinnerShowsAfterHalfASecondOfWaiting) {
     playback.now.isWaiting = true;
     playback.tell();

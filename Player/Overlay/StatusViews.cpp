@@ -7,6 +7,7 @@
 #include "Player/Overlay/PlaybackState.h"
 #include "Player/Overlay/SpinnerView.h"
 
+#include <string_view>
 #include <utility>
 
 namespace Overlay {
@@ -39,6 +40,13 @@ std::string withShortName(std::string text) {
         --to;
     }
     return from < to ? text.replace(from, to - from, "…") : text;
+}
+
+// What comes behind the name.
+std::string reasonIn(const std::string& problem) {
+    constexpr std::string_view mark = "': ";
+    const std::size_t close = problem.rfind(mark);
+    return close == std::string::npos ? problem : problem.substr(close + mark.size());
 }
 
 std::string sentence(std::string text) {
@@ -81,6 +89,7 @@ void StatusViews::layOut() {
     spinner_->setCenter({CGRectGetMidX(bounds), CGRectGetMidY(bounds)});
     message_->setFrame(between);
     notice_->setFrame(between);
+    layOutMessage();
 }
 
 void StatusViews::show(const PlaybackState& state) {
@@ -100,8 +109,17 @@ void StatusViews::showError(const std::optional<std::string>& error) {
     error_ = error;
     message_->setHidden(!error);
     if (error) {
-        message_->setText(sentence(*error));
+        layOutMessage();
         message_->setAction("Try again", retry_);
+    }
+}
+
+// In a low window there is room for the reason alone. The title names the film there too.
+void StatusViews::layOutMessage() {
+    constexpr CGFloat lowest = 240.0;
+    if (error_) {
+        const bool isLow = host_->bounds().size.height < lowest;
+        message_->setText(sentence(isLow ? reasonIn(*error_) : *error_));
     }
 }
 

@@ -41,6 +41,7 @@ public:
 
 private:
     void showError(const std::optional<std::string>& error);
+    void layOutMessage();
     void showWaiting(bool isWaiting);
     void showNextFilm(const std::optional<std::string>& name);
 

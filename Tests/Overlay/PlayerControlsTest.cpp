@@ -647,6 +647,23 @@ TEST_F(PlayerControlsTest, ErrorIsToldWithAWayToTryAgain) {
     EXPECT_EQ(texts(), (Story{"A film", "00:00", "01:40"}));
 }
 
+TEST_F(PlayerControlsTest, LowWindowTellsOfAnErrorJustWhatWentWrong) {
+    playback.now.error = "cannot play 'a.mkv': no such file";
+    playback.tell();
+    const auto resize = [this](double height) {
+        host.window()->setFrame({{0.0, 0.0}, {640.0, height}});
+        overlay.hostViewWasResized();
+        host.advance(1.0);
+        return texts().front();
+    };
+    EXPECT_EQ(resize(239.0), "No such file.");
+    EXPECT_EQ(resize(240.0), "Cannot play 'a.mkv': no such file.");
+    EXPECT_EQ(resize(180.0), "No such file.");
+    playback.now.error = "it cannot start";
+    playback.tell();
+    EXPECT_EQ(texts().front(), "It cannot start.");
+}
+
 TEST_F(PlayerControlsTest, LongNameLeavesRoomForWhatWentWrong) {
     const auto told = [this](const std::string& name) {
         overlay.showProblem("cannot play '" + name + "': no such file");

@@ -1,6 +1,6 @@
 #include "Player/Desktop/MpvPicture.h"
 
-#include "Player/Desktop/MpvClient.h"
+#include "Player/Desktop/MpvPlayback.h"
 
 #include <array>
 #include <mpv/render_gl.h>
@@ -55,7 +55,8 @@ bool MpvPicture::startMemory() {
 
 bool MpvPicture::start(mpv_render_param* parameters) {
     mpv_render_context* renderer = nullptr;
-    if (!client_.handle() || mpv_render_context_create(&renderer, client_.handle(), parameters) < 0) {
+    if (!playback_.client().handle() ||
+        mpv_render_context_create(&renderer, playback_.client().handle(), parameters) < 0) {
         return false;
     }
     renderer_.reset(renderer);
@@ -65,7 +66,7 @@ bool MpvPicture::start(mpv_render_param* parameters) {
 
 void MpvPicture::stopDrawing() { renderer_.reset(); }
 
-bool MpvPicture::hasNewFrame() { return renderer_ && (isOutOfDate_ || isFrameDue()); }
+bool MpvPicture::hasNewFrame() { return renderer_ && (scene_ != playback_.scene() || isFrameDue()); }
 
 bool MpvPicture::isFrameDue() {
     return (mpv_render_context_update(renderer_.get()) & MPV_RENDER_UPDATE_FRAME) != 0;
@@ -97,8 +98,8 @@ void MpvPicture::draw(mpv_render_param* parameters) {
     if (!renderer_) {
         return;
     }
-    isOutOfDate_ = false;
-    const bool isNew = isFrameDue();
+    const bool isNew = hasNewFrame();
+    scene_ = playback_.scene();
     const bool isDrawn = mpv_render_context_render(renderer_.get(), parameters) >= 0;
     hasDrawn_ = hasDrawn_ || (isNew && isDrawn);
 }

@@ -8,21 +8,16 @@
 
 namespace Player {
 
-class MpvClient;
+class MpvPlayback;
 
 /// The pictures of a film that libmpv plays.
 class MpvPicture final : public Desktop::FilmSource {
 public:
-    /// `client` outlives it, and was told that something else than a window of its own shows its pictures
-    /// (`vo=libmpv`).
-    explicit MpvPicture(const MpvClient& client) : client_(client) {}
+    /// `playback` outlives it.
+    explicit MpvPicture(const MpvPlayback& playback) : playback_(playback) {}
 
     /// True once any picture of a film was drawn.
     bool hasDrawn() const { return hasDrawn_; }
-
-    /// The film that was drawn last is over: what libmpv has instead, which is black until there is another
-    /// picture, counts as a new frame.
-    void filmIsOver() { isOutOfDate_ = true; }
 
     void setWakeUp(std::function<void()> wakeUp) override;
     bool startOpenGL(void* (*functionAddress)(const char* name)) override;
@@ -43,11 +38,13 @@ private:
     void draw(mpv_render_param* parameters);
     void connectWakeUp();
 
-    const MpvClient& client_;
+    const MpvPlayback& playback_;
     std::function<void()> wakeUp_ = [] {};
     std::unique_ptr<mpv_render_context, Release> renderer_;
     bool hasDrawn_ = false;
-    bool isOutOfDate_ = false;
+
+    // The playback's, when a picture was drawn last.
+    int scene_ = 0;
 };
 
 } // namespace Player

@@ -115,6 +115,7 @@ void MpvPlayback::handle(const mpv_event& event) {
         // Whether it has ended is told a little later than that the place sought is reached.
         properties_.isAtEnd = client_.flag("eof-reached").value_or(false);
         MpvProperties::observeEndAgain(client_);
+        ++scene_;
         break;
     case MPV_EVENT_COMMAND_REPLY:
         if (event.reply_userdata == stepCommand && step_ == StepStage::Asked) {
@@ -136,7 +137,7 @@ void MpvPlayback::handle(const mpv_event& event) {
 void MpvPlayback::notePicture() {
     if (isPictureUnsure_ && (opening_.isLoaded() || opening_.failure())) {
         isPictureUnsure_ = false;
-        hasLostPicture_ = hasLostPicture_ || !client_.number("vid");
+        scene_ += client_.number("vid") ? 0 : 1;
     }
 }
 

@@ -62,8 +62,10 @@ public:
     /// True once the place where the film was to start is reached.
     bool isAtStart() const { return opening_.isAtStart(); }
 
-    /// True once after a film turned out to have no picture: the last one of the film before is out of date.
-    bool takePictureLoss() { return std::exchange(hasLostPicture_, false); }
+    /// Another number whenever what was drawn last may be out of date though libmpv has no new frame: a film
+    /// turned out to have no picture, or went to another place. The picture of that is offered for a fifth of
+    /// a second only, and in a film at rest none follows.
+    int scene() const { return scene_; }
 
     /// True after another program asked the player to end.
     bool isAskedToEnd() const { return isAskedToEnd_; }
@@ -130,7 +132,7 @@ private:
     StepStage step_ = StepStage::None;
     bool isAskedToEnd_ = false;
     bool isPictureUnsure_ = false;
-    bool hasLostPicture_ = false;
+    int scene_ = 0;
 };
 
 } // namespace Player

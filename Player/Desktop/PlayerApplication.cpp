@@ -78,9 +78,6 @@ void PlayerApplication::filmHasNews() {
         title_ = state.title;
         window_->setTitle(title_);
     }
-    if (playback_.takePictureLoss()) {
-        picture_.filmIsOver();
-    }
     if (playback_.isAskedToEnd()) {
         close();
     }

@@ -49,7 +49,7 @@ private:
     Desktop::DesktopClock clock_;
     Foundation::NSRunLoop runLoop_{clock_};
     MpvPlayback playback_;
-    MpvPicture picture_{playback_.client()};
+    MpvPicture picture_{playback_};
     std::unique_ptr<Desktop::DesktopWindow> window_;
     std::optional<Overlay::PlayerOverlay> overlay_;
     std::optional<Desktop::EventLoop> loop_;

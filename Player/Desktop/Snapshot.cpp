@@ -54,7 +54,7 @@ bool isReady(const MpvPlayback& playback, const MpvPicture& picture) {
 
 Problem drawFilm(const Options& options, MpvPlayback& playback, const FilmPixels& pixels) {
     WakeUpSignal signal;
-    MpvPicture picture(playback.client());
+    MpvPicture picture(playback);
     playback.setWakeUp([&signal] { signal.raise(); });
     picture.setWakeUp([&signal] { signal.raise(); });
     picture.startMemory();

@@ -474,7 +474,6 @@ TEST(MpvPlayback, PictureGoesWithItsFilm) {
     MpvSocket socket(folder.path() / "socket");
     PlaybackRun run(
         MpvPlayback::Settings{.start = MpvPlayback::Start::Paused, .ipcServer = socket.path().string()});
-    ASSERT_TRUE(eventually([&] { return fs::exists(socket.path()); }));
     const auto shows = [&](int brightness) {
         return run.until([&] {
             cairo_surface_mark_dirty(run.pixels.surface());

@@ -27,9 +27,6 @@ public:
     /// What the host does at each turn.
     void turn() {
         playback.update();
-        if (playback.takePictureLoss()) {
-            picture.filmIsOver();
-        }
         if (picture.hasNewFrame()) {
             picture.drawIntoMemory(pixels.buffer());
             picture.frameWasShown();
@@ -54,7 +51,7 @@ public:
     int changes = 0;
     std::vector<std::string> notices;
     MpvPlayback playback;
-    MpvPicture picture{playback.client()};
+    MpvPicture picture{playback};
     Desktop::FilmPixels pixels{{320, 180}};
 
 private:

@@ -1,12 +1,12 @@
 #include "Tests/Player/Films.h"
 #include "Tests/Player/PlayerProgram.h"
+#include "Tests/Player/WebServer.h"
 
 #include <array>
 #include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <string_view>
 #include <sys/socket.h>
 #include <thread>
@@ -94,35 +94,21 @@ INSTANTIATE_TEST_SUITE_P(
 /// A web server that has nothing.
 class EmptyServer {
 public:
-    EmptyServer() {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        bind(descriptor_, reinterpret_cast<const sockaddr*>(&address), size);
-        listen(descriptor_, 8);
-        getsockname(descriptor_, reinterpret_cast<sockaddr*>(&address), &size);
-        port_ = ntohs(address.sin_port);
-        thread_ = std::thread([this] { serve(); });
-    }
+    EmptyServer() = default;
     EmptyServer(const EmptyServer&) = delete;
     EmptyServer& operator=(const EmptyServer&) = delete;
     ~EmptyServer() {
-        shutdown(descriptor_, SHUT_RDWR);
+        server_.stop();
         thread_.join();
-        close(descriptor_);
     }
 
-    std::string url(const std::string& path) const {
-        return "http://127.0.0.1:" + std::to_string(port_) + "/" + path;
-    }
+    std::string url(const std::string& path) const { return server_.url(path); }
 
 private:
     void serve() const {
         constexpr std::string_view answer =
             "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
-        for (int client = accept(descriptor_, nullptr, nullptr); client >= 0;
-             client = accept(descriptor_, nullptr, nullptr)) {
+        for (int client = server_.nextConnection(); client >= 0; client = server_.nextConnection()) {
             std::array<char, 4096> request{};
             if (recv(client, request.data(), request.size(), 0) > 0) {
                 send(client, answer.data(), answer.size(), MSG_NOSIGNAL);
@@ -131,9 +117,8 @@ private:
         }
     }
 
-    int descriptor_ = socket(AF_INET, SOCK_STREAM, 0);
-    int port_ = 0;
-    std::thread thread_;
+    WebServer server_;
+    std::thread thread_{[this] { serve(); }};
 };
 
 TEST(FailureTest, WhatAServerAnswersIsTold) {

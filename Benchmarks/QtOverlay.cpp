@@ -42,7 +42,8 @@ void QtOverlay::prepare() {
     static char name[] = "benchmarks";
     static char* arguments[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const QApplication application(argumentCount, arguments);
+    // Never destroyed: at the end of the program parts of Qt that it needs may be gone before it.
+    [[maybe_unused]] static const auto* const application = new QApplication(argumentCount, arguments);
 }
 
 } // namespace Benchmarks

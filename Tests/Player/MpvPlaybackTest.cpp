@@ -469,6 +469,17 @@ TEST(MpvPlayback, AnotherFilmTakesOver) {
     EXPECT_TRUE(run.notices.empty());
 }
 
+TEST(MpvPlayback, PlaceThatIsReachedIsAnotherScene) {
+    PlaybackRun run;
+    ASSERT_TRUE(run.open(Films::white().string()));
+    for (const double time : {2.0, 4.0}) {
+        const int before = run.playback.scene();
+        run.playback.seek(time, SeekPrecision::Exact);
+        ASSERT_TRUE(run.until([&] { return !run.state().isSeeking; }));
+        EXPECT_GT(run.playback.scene(), before);
+    }
+}
+
 TEST(MpvPlayback, PictureGoesWithItsFilm) {
     const TemporaryFolder folder;
     MpvSocket socket(folder.path() / "socket");

@@ -17,6 +17,7 @@ const Foundation::Class& KivEventNotifier::classObject() {
 }
 
 void KivEventNotifier::addObserver(const std::shared_ptr<PlayerEventObserver>& observer) {
+    forgetThoseGone();
     if (observer && !isObserving(observer)) {
         observers_.push_back(observer);
     }
@@ -31,6 +32,7 @@ void KivEventNotifier::removeObserver(const std::shared_ptr<PlayerEventObserver>
 
 void KivEventNotifier::notifyObservers(const Closure& closure) {
     const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    forgetThoseGone();
     const std::vector<std::weak_ptr<PlayerEventObserver>> snapshot = observers_;
     for (const std::weak_ptr<PlayerEventObserver>& each : snapshot) {
         const std::shared_ptr<PlayerEventObserver> observer = each.lock();
@@ -38,6 +40,11 @@ void KivEventNotifier::notifyObservers(const Closure& closure) {
             closure(observer);
         }
     }
+}
+
+// The memory of an object stays taken while anything refers to it, weakly too.
+void KivEventNotifier::forgetThoseGone() {
+    std::erase_if(observers_, [](const std::weak_ptr<PlayerEventObserver>& each) { return each.expired(); });
 }
 
 bool KivEventNotifier::isObserving(const std::shared_ptr<PlayerEventObserver>& observer) const {

@@ -9,7 +9,8 @@
 
 namespace KivCore {
 
-/// Passes a player's events on to its observers, which it holds weakly.
+/// Passes a player's events on to its observers, which it holds weakly. Those that have gone are forgotten,
+/// and their memory given back, when an observer is added or removed and with every notification.
 class KivEventNotifier : public Foundation::NSObject {
 public:
     static const Foundation::Class& classObject();
@@ -35,6 +36,7 @@ public:
     }
 
 private:
+    void forgetThoseGone();
     bool isObserving(const std::shared_ptr<PlayerEventObserver>& observer) const;
 
     std::vector<std::weak_ptr<PlayerEventObserver>> observers_;

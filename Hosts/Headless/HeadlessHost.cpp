@@ -3,6 +3,7 @@
 #include "Platform/CoreGraphics/CGRecordingContext.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace Headless {
@@ -17,32 +18,36 @@ namespace {
 // ever.
 constexpr double leastStep = 0.001;
 
-// Sums of times are rounded: what is due at the very end must not slip behind it, and a wait may be too short
-// to add up.
-constexpr double tolerance = 1e-6;
-constexpr double shortestWait = 1e-9;
-
 } // namespace
 
 HeadlessHost::HeadlessHost(const CGSize& size)
     : runLoop_(clock_), window_(Foundation::make<UIKit::UIWindow>(CGRect{{}, size})) {}
 
 void HeadlessHost::advance(double seconds) {
-    const double end = clock_.now() + seconds;
+    VirtualClock end = clock_;
+    end.advance(seconds);
     runLoop_.turn();
-    for (double next = nextMoment(); next <= end + tolerance; next = nextMoment()) {
-        clock_.set(next);
+    const double lastMoment = end.now() + Foundation::NSRunLoop::tolerance;
+    for (double next = nextMoment(); next <= lastMoment; next = nextMoment()) {
+        if (next < end.now()) {
+            clock_.set(next);
+        } else {
+            clock_ = end;
+        }
         runLoop_.turn();
     }
-    if (clock_.now() < end) {
-        clock_.set(end);
+    if (clock_.now() < end.now()) {
+        clock_ = end;
         runLoop_.turn();
     }
 }
 
 double HeadlessHost::nextMoment() const {
-    const double wait = runLoop_.timeUntilNextWork().value_or(std::numeric_limits<double>::infinity());
-    return clock_.now() + (wait > 0.0 ? std::max(wait, shortestWait) : leastStep);
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const double wait = runLoop_.timeUntilNextWork().value_or(infinity);
+    const double next = clock_.now() + (wait > 0.0 ? wait : leastStep);
+    // A wait may be too short to add up.
+    return std::max(next, std::nextafter(clock_.now(), infinity));
 }
 
 void HeadlessHost::touchDown(const CGPoint& location, UITouchIdentifier identifier) {

@@ -21,8 +21,8 @@ public:
     const std::shared_ptr<UIKit::UIWindow>& window() const { return window_; }
 
     /// Lets `seconds` pass, turning the run loop at each moment at which it has work, as a host that blocks
-    /// in between would. At least one turn; what is due within a millionth of a second after the end is done
-    /// too.
+    /// in between would. At least one turn. The clock ends at just the time that was wanted, however many
+    /// steps led there; what is due within the run loop's tolerance after it is done too.
     void advance(double seconds);
 
     /// `location` in the window's coordinates.

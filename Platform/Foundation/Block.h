@@ -10,8 +10,9 @@ namespace Foundation {
 template <class Signature>
 class Block;
 
-/// A closure as message dispatch passes it: shared, possibly empty. It is made by copying a closure and gives
-/// one back; an empty closure makes an empty block, and the other way round.
+/// A closure as message dispatch passes it: shared, possibly empty, so that all copies run one closure with
+/// one state. It is made of a closure and gives one back that runs it; a block made of that is the same block
+/// again. An empty closure makes an empty block, and the other way round.
 template <class Result, class... Arguments>
 class Block<Result(Arguments...)> {
 public:
@@ -19,8 +20,13 @@ public:
 
     Block() = default;
     Block(std::nullptr_t) {}
-    Block(Closure closure)
-        : closure_(closure ? std::make_shared<const Closure>(std::move(closure)) : nullptr) {}
+    Block(Closure closure) {
+        if (const Shared* shared = closure.template target<Shared>()) {
+            closure_ = shared->closure;
+        } else if (closure) {
+            closure_ = std::make_shared<const Closure>(std::move(closure));
+        }
+    }
 
     explicit operator bool() const { return closure_ != nullptr; }
 
@@ -34,12 +40,18 @@ public:
         if (!closure_) {
             return nullptr;
         }
-        return [closure = closure_](Arguments... arguments) -> Result {
-            return (*closure)(std::forward<Arguments>(arguments)...);
-        };
+        return Shared{closure_};
     }
 
 private:
+    struct Shared {
+        std::shared_ptr<const Closure> closure;
+
+        Result operator()(Arguments... arguments) const {
+            return (*closure)(std::forward<Arguments>(arguments)...);
+        }
+    };
+
     std::shared_ptr<const Closure> closure_;
 };
 

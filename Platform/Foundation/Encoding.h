@@ -17,6 +17,7 @@
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace Foundation {
 
@@ -35,7 +36,8 @@ struct Call {
 /// - `kind`: its name in reports,
 /// - `encode`: from the sender's value (or the operation's result),
 /// - `decode`: into the operation's parameter (or the sender's result); stops the program if it can't be one.
-/// A type without a rule of its own is passed as it is and must match exactly.
+/// A type without a rule of its own is passed as it is and must match exactly. Whatever may be absent (an
+/// object, a block, an optional) can be sent as `nullptr` or `std::nullopt`.
 template <class T>
 struct Encoding {
     using Form = T;
@@ -151,9 +153,35 @@ requires(std::derived_from<T, Protocol> &&
 
 template <>
 struct Encoding<std::nullptr_t> {
-    using Form = std::shared_ptr<NSObject>;
-    static constexpr std::string_view kind = "object";
+    using Form = std::nullptr_t;
+    static constexpr std::string_view kind = "nothing";
     static Form encode(std::nullptr_t) { return nullptr; }
+};
+
+template <>
+struct Encoding<std::nullopt_t> : Encoding<std::nullptr_t> {
+    static Form encode(std::nullopt_t) { return nullptr; }
+};
+
+template <class T>
+struct Encoding<std::optional<std::vector<T>>> {
+    using Form = std::optional<std::vector<T>>;
+    static constexpr std::string_view kind = "list";
+    static const Form& encode(const Form& value) { return value; }
+    static const Form& decode(const Form& value, const Call& /*call*/) { return value; }
+};
+
+template <class T>
+struct Encoding<std::vector<T>> {
+    using Form = std::optional<std::vector<T>>;
+    static constexpr std::string_view kind = "list";
+    static Form encode(const std::vector<T>& value) { return value; }
+    static const std::vector<T>& decode(const Form& value, const Call& call) {
+        if (!value) {
+            reportWrongKind(call, kind, "no list");
+        }
+        return *value;
+    }
 };
 
 template <class Closure>
@@ -170,6 +198,21 @@ struct Encoding<Block<Closure>> {
     static constexpr std::string_view kind = "block";
     static const Form& encode(const Form& value) { return value; }
     static const Form& decode(const Form& value, const Call& /*call*/) { return value; }
+};
+
+/// What is sent as it is called: a lambda, a function. It reaches a parameter that takes a closure of the
+/// very same arguments and result.
+template <class T>
+concept Callable = requires(const T& value) {
+    std::function(value);
+};
+
+template <Callable T>
+struct Encoding<T> {
+    using Function = decltype(std::function(std::declval<const T&>()));
+    using Form = typename Encoding<Function>::Form;
+    static constexpr std::string_view kind = Encoding<Function>::kind;
+    static Form encode(const T& value) { return Form(Function(value)); }
 };
 
 template <class T>

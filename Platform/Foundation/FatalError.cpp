@@ -17,6 +17,11 @@ void unimplementedInitializer(std::string_view initializer, std::string_view cla
                std::string(className) + "'");
 }
 
+void missingObject(std::string_view what, std::string_view operation, std::string_view className) {
+    fatalError("No " + std::string(what) + " for '" + std::string(operation) + "' of class '" +
+               std::string(className) + "'");
+}
+
 void stopSilently() { std::abort(); }
 
 } // namespace Foundation

@@ -12,6 +12,11 @@ namespace Foundation {
 /// instance "KivUICore.TopBar"; `initializer` with its labels, for instance "init(superview:frame:)".
 [[noreturn]] void unimplementedInitializer(std::string_view initializer, std::string_view className);
 
+/// The report of an operation that has nothing where it needs something. `what` in words, for instance "host
+/// view"; `operation` by its selector or, for an initializer, with its labels.
+[[noreturn]] void missingObject(std::string_view what, std::string_view operation,
+                                std::string_view className);
+
 /// Ends the program without a word, where the contract says that nothing is printed.
 [[noreturn]] void stopSilently();
 

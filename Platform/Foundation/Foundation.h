@@ -14,6 +14,7 @@
 #include "Platform/Foundation/NSTimer.h"
 #include "Platform/Foundation/Protocol.h"
 #include "Platform/Foundation/SEL.h"
+#include "Platform/Foundation/ScopeExit.h"
 
 namespace Foundation {
 

@@ -2,6 +2,8 @@
 
 #include "Platform/Foundation/FatalError.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 
 namespace Foundation {
@@ -10,11 +12,22 @@ namespace {
 
 std::string describe(const Signature& signature) {
     std::string text = "(";
-    for (const std::string_view kind : signature.arguments) {
+    for (const Passed& each : signature.arguments) {
         text += text.size() > 1 ? ", " : "";
-        text += kind;
+        text += each.kind;
     }
-    return text + ") giving " + std::string(signature.result);
+    return text + ") giving " + std::string(signature.result.kind);
+}
+
+bool accepts(const Passed& taken, const Passed& given) {
+    return *given.form == *taken.form || (taken.isOptional && *given.form == typeid(std::nullptr_t));
+}
+
+bool accepts(const Signature& taken, const Signature& given) {
+    return *given.result.form == *taken.result.form &&
+           std::equal(taken.arguments.begin(), taken.arguments.end(), given.arguments.begin(),
+                      given.arguments.end(),
+                      [](const Passed& one, const Passed& other) { return accepts(one, other); });
 }
 
 std::string describe(const Call& call) {
@@ -35,7 +48,7 @@ const Method& methodFor(const Call& call, const MethodTable& methods, const Sign
                    call.receiver.name() + "'");
     }
     // Types are compared, as shared libraries may have a copy of one signature each.
-    if (*method->signature->type != *given.type) {
+    if (!accepts(*method->signature, given)) {
         fatalError("Wrong kind for " + describe(call) + ": takes " + describe(*method->signature) +
                    ", was sent " + describe(given));
     }

@@ -5,18 +5,36 @@
 #include "Platform/Foundation/NSObject.h"
 
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <span>
 #include <string_view>
+#include <type_traits>
 #include <typeinfo>
+#include <utility>
 
 namespace Foundation {
 
-/// The kinds that an operation takes and returns, and the exact type of the function behind it. One object
-/// for each combination, so that comparing two is comparing their addresses first.
+/// One argument or result on its way.
+struct Passed {
+    std::string_view kind;
+    const std::type_info* form;
+
+    /// Whether there may be none.
+    bool isOptional;
+};
+
+/// What an operation takes and returns. One object for each combination of forms, so that comparing two is
+/// comparing their addresses first.
 struct Signature {
-    std::string_view result;
-    std::span<const std::string_view> arguments;
-    const std::type_info* type;
+    Passed result;
+    std::span<const Passed> arguments;
+
+    /// Calls a method of this signature where the sender knows no more of some arguments than that there are
+    /// none: these are null in `arguments`, the others point to their forms. `result` points to an optional
+    /// form.
+    void (*callWithAbsent)(const Method& method, NSObject* receiver, const Call& call,
+                           const void* const* arguments, void* result);
 };
 
 /// The function in a method table: the receiver (nothing for an operation of a class), the call, the
@@ -24,13 +42,49 @@ struct Signature {
 template <class Result, class... Arguments>
 using MethodFunction = ReturnedForm<Result> (*)(NSObject*, const Call&, PassedForm<Arguments>...);
 
-template <class... Arguments>
-inline constexpr std::array<std::string_view, sizeof...(Arguments)> kindsOf{EncodingOf<Arguments>::kind...};
+template <class Form>
+inline constexpr bool isOptionalForm =
+    std::is_convertible_v<std::nullptr_t, Form> || std::is_convertible_v<std::nullopt_t, Form>;
 
-template <class Result, class... Arguments>
-inline constexpr Signature signatureOf{EncodingOf<Result>::kind,
-                                       kindsOf<typename EncodingOf<Arguments>::Form...>,
-                                       &typeid(MethodFunction<Result, Arguments...>)};
+template <class Form>
+inline constexpr Passed passed{EncodingOf<Form>::kind, &typeid(Form), isOptionalForm<Form>};
+
+template <class... Forms>
+inline constexpr std::array<Passed, sizeof...(Forms)> passedForms{passed<Forms>...};
+
+template <class Form>
+const Form& formOrAbsent(const void* argument) {
+    if constexpr (isOptionalForm<Form>) {
+        static const Form absent{};
+        return argument ? *static_cast<const Form*>(argument) : absent;
+    } else {
+        return *static_cast<const Form*>(argument);
+    }
+}
+
+template <class Result, class... Forms, std::size_t... indices>
+void callWithAbsentArguments(const Method& method, NSObject* receiver, const Call& call,
+                             [[maybe_unused]] const void* const* arguments, [[maybe_unused]] void* result,
+                             std::index_sequence<indices...> /*positions*/) {
+    const auto function = reinterpret_cast<MethodFunction<Result, Forms...>>(method.function);
+    if constexpr (std::is_void_v<Result>) {
+        function(receiver, call, formOrAbsent<Forms>(arguments[indices])...);
+    } else {
+        *static_cast<std::optional<Result>*>(result) =
+            function(receiver, call, formOrAbsent<Forms>(arguments[indices])...);
+    }
+}
+
+template <class Result, class... Forms>
+void callWithAbsent(const Method& method, NSObject* receiver, const Call& call, const void* const* arguments,
+                    void* result) {
+    callWithAbsentArguments<Result, Forms...>(method, receiver, call, arguments, result,
+                                              std::index_sequence_for<Forms...>());
+}
+
+template <class Result, class... Forms>
+inline constexpr Signature signatureOf{passed<Result>, passedForms<Forms...>,
+                                       &callWithAbsent<Result, Forms...>};
 
 /// The one signature of all that travel in the same forms.
 template <class Result, class... Arguments>
@@ -53,12 +107,33 @@ inline Result callMethod(const Method& method, NSObject* receiver, const Call& c
     }
 }
 
+template <class Result, class... Forms>
+Result callMethodWithAbsent(const Method& method, NSObject* receiver, const Call& call,
+                            const Forms&... forms) {
+    const auto address = []<class Form>(const Form& form) -> const void* {
+        return std::is_null_pointer_v<Form> ? nullptr : static_cast<const void*>(&form);
+    };
+    const std::array<const void*, sizeof...(Forms)> arguments{address(forms)...};
+    if constexpr (std::is_void_v<Result>) {
+        method.signature->callWithAbsent(method, receiver, call, arguments.data(), nullptr);
+    } else {
+        std::optional<ReturnedForm<Result>> result;
+        method.signature->callWithAbsent(method, receiver, call, arguments.data(), &result);
+        return EncodingOf<Result>::decode(*result, call);
+    }
+}
+
 // Kept out of line, so that a message that finds its method at the first look saves no registers for this.
 template <class Result, class... Arguments>
 [[gnu::noinline]] Result searchAndCallMethod(const MethodTable& methods, NSObject* receiver, const Call& call,
                                              Arguments&&... arguments) {
-    return callMethod<Result>(methodFor(call, methods, signature<Result, Arguments...>()), receiver, call,
-                              std::forward<Arguments>(arguments)...);
+    const Method& method = methodFor(call, methods, signature<Result, Arguments...>());
+    if constexpr ((std::is_null_pointer_v<typename EncodingOf<Arguments>::Form> || ...)) {
+        return callMethodWithAbsent<Result>(method, receiver, call,
+                                            EncodingOf<Arguments>::encode(arguments)...);
+    } else {
+        return callMethod<Result>(method, receiver, call, std::forward<Arguments>(arguments)...);
+    }
 }
 
 template <class Result, class... Arguments>

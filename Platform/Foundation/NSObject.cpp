@@ -1,6 +1,7 @@
 #include "Platform/Foundation/NSObject.h"
 
 #include "Platform/Foundation/ClassBuilder.h"
+#include "Platform/Foundation/FatalError.h"
 
 namespace Foundation {
 
@@ -14,5 +15,9 @@ bool NSObject::init() { return true; }
 bool NSObject::isKindOfClass(const Class& other) const { return isa().isSubclassOf(other); }
 
 bool NSObject::respondsToSelector(SEL selector) const { return isa().method(selector) != nullptr; }
+
+void NSObject::reportMissing(std::string_view what, std::string_view operation) const {
+    missingObject(what, operation, isa().name());
+}
 
 } // namespace Foundation

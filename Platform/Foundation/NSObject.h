@@ -3,6 +3,7 @@
 #include "Platform/Foundation/SEL.h"
 
 #include <memory>
+#include <string_view>
 #include <utility>
 
 namespace Foundation {
@@ -43,9 +44,17 @@ public:
 protected:
     NSObject() = default;
 
+    /// A fatal report unless there is an object: `what` it is, and which of this class's operations needs it.
+    template <class T>
+    void require(const std::shared_ptr<T>& object, std::string_view what, std::string_view operation) const {
+        if (!object) {
+            reportMissing(what, operation);
+        }
+    }
+
     /// Tear-down, run once when the last reference has gone and before any destructor: overridden operations
-    /// still run as overridden, but no reference to the object can be made any more. An override ends with
-    /// its base's.
+    /// still run as overridden, but no reference to the object can be made any more. An override calls its
+    /// base's when it is done with what it inherits.
     virtual void dealloc() {}
 
     /// This object as a strong reference of a subclass's type. Not from inside `dealloc`.
@@ -57,6 +66,8 @@ protected:
 private:
     template <class T>
     friend class ObjectAllocator;
+
+    [[noreturn]] void reportMissing(std::string_view what, std::string_view operation) const;
 
     const Class* isa_ = nullptr;
 };

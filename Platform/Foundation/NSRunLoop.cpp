@@ -2,6 +2,7 @@
 
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSTimer.h"
+#include "Platform/Foundation/ScopeExit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -79,15 +80,15 @@ void NSRunLoop::turn() {
     }
     now();
     isTurning_ = true;
+    const ScopeExit end([this] { isTurning_ = false; });
     fireTimers();
     turnSources();
-    isTurning_ = false;
 }
 
 void NSRunLoop::fireTimers() {
     const std::uint64_t scheduledInThisTurn = timers_.nextOrder();
     for (TimerQueue::Entry* entry = timers_.first();
-         entry && entry->deadline() <= now_ && entry->order() < scheduledInThisTurn;
+         entry && entry->deadline() <= now_ + tolerance && entry->order() < scheduledInThisTurn;
          entry = timers_.first()) {
         static_cast<NSTimer*>(entry)->fire();
     }
@@ -97,8 +98,8 @@ void NSRunLoop::turnSources() {
     // By index: a turn may make a further source.
     for (std::size_t index = 0; index < sources_.size(); ++index) {
         const std::optional<double> due = sources_[index]->nextWork();
-        if (due && *due <= now_) {
-            sources_[index]->turn(now_);
+        if (due && *due <= now_ + tolerance) {
+            sources_[index]->turn(std::max(now_, *due));
         }
     }
 }

@@ -25,10 +25,15 @@ public:
         /// Loop time at which the source next has work; nothing while it has none.
         virtual std::optional<double> nextWork() const = 0;
 
-        /// Called once a turn at which the source has work due. May change anything, the source itself
-        /// included.
+        /// Called once a turn at which the source has work due. `now` is the time of that work where it is
+        /// due a little later than the loop's time, and else the loop's. May change anything, the source
+        /// itself included.
         virtual void turn(double now) = 0;
     };
+
+    /// What is due in so many seconds is due: times are sums, and rounded. A host that waits until a certain
+    /// time thus finds all the work of that time there.
+    static constexpr double tolerance = 1e-7;
 
     /// `clock` outlives the loop.
     explicit NSRunLoop(const Clock& clock);
@@ -51,7 +56,8 @@ public:
 
     /// Fires each timer that is due, in the order of their deadlines and, where these are equal, of their
     /// scheduling; then gives each source its turn. A timer that is scheduled in the meantime waits for the
-    /// next turn. Must not be called from inside a turn.
+    /// next turn. Must not be called from inside a turn. An exception that one of them throws passes through;
+    /// what was due after it still is.
     void turn();
 
     /// The loop's one source of type `T`, made with the loop when first asked for.

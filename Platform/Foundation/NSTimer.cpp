@@ -2,6 +2,7 @@
 
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/Foundation/NSRunLoop.h"
+#include "Platform/Foundation/ScopeExit.h"
 
 #include <cmath>
 #include <limits>
@@ -90,15 +91,17 @@ void NSTimer::fire() {
         invalidate();
         userInfo_ = userInfo;
     }
+    const ScopeExit end([this] {
+        if (!isValid()) {
+            userInfo_ = nullptr;
+        }
+    });
     if (block) {
         block(*this);
     } else if (target && selector_.argumentCount() > 0) {
         target->send(selector_, timer);
     } else if (target) {
         target->send(selector_);
-    }
-    if (!isValid()) {
-        userInfo_ = nullptr;
     }
 }
 

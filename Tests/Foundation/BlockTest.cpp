@@ -45,6 +45,26 @@ TEST(BlockTest, AClosureThatABlockGivesKeepsWhatItCaptured) {
     EXPECT_TRUE(observed.expired());
 }
 
+TEST(BlockTest, ABlockMadeOfItsOwnClosureSharesItsState) {
+    const Block<int()> counting = Block<int()>::Closure([count = 0]() mutable { return ++count; });
+    const Block<int()> again = counting.closure();
+    const std::function<int()> closure = again.closure();
+    EXPECT_EQ(counting(), 1);
+    EXPECT_EQ(again(), 2);
+    EXPECT_EQ(closure(), 3);
+    EXPECT_EQ(std::function(closure)(), 4);
+}
+
+TEST(BlockTest, GoingBackAndForthAddsNoLayers) {
+    const auto held = std::make_shared<int>();
+    Block<void()> block = Block<void()>::Closure([held] {});
+    for (int round = 0; round < 100'000; ++round) {
+        block = Block<void()>(block.closure());
+    }
+    block();
+    EXPECT_EQ(held.use_count(), 2);
+}
+
 TEST(BlockTest, ArgumentsAreHandedOnAsTheyAre) {
     const Block<void(std::string&, std::unique_ptr<int>)> block =
         Block<void(std::string&, std::unique_ptr<int>)>::Closure(

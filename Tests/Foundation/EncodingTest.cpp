@@ -20,6 +20,8 @@ struct Point {
     bool operator==(const Point&) const = default;
 };
 
+using Points = std::vector<Point>;
+
 class Pet;
 
 class Listener : public Protocol {
@@ -86,6 +88,8 @@ public:
                                          .method<&Echo::value<Point>>("point:")
                                          .method<&Echo::value<std::optional<Point>>>("maybePoint:")
                                          .method<&Echo::value<std::vector<std::shared_ptr<Pet>>>>("pets:")
+                                         .method<&Echo::value<std::optional<Points>>>("maybePoints:")
+                                         .method<&Echo::secondOf>("secondOf:and:and:")
                                          .method<&Echo::last>("last")
                                          .build();
         return object;
@@ -94,6 +98,11 @@ public:
     template <class T>
     T value(const T& value) {
         return value;
+    }
+
+    int secondOf(const std::optional<std::string>& /*first*/, int second,
+                 const std::shared_ptr<Pet>& /*third*/) {
+        return second;
     }
 
     std::size_t length(std::string_view text) { return text.size(); }
@@ -230,6 +239,59 @@ TEST_F(EncodingTest, AClosureAndABlockAreOneKind) {
     EXPECT_EQ(echo->send<Block<int(int)>>("block:", Block<int(int)>(twice))(5), 10);
     EXPECT_FALSE(echo->send<Block<int(int)>>("block:", std::function<int(int)>()));
     EXPECT_FALSE(echo->send<std::function<int(int)>>("block:", Block<int(int)>()));
+}
+
+int half(int value) { return value / 2; }
+
+TEST_F(EncodingTest, ALambdaAndAFunctionReachABlock) {
+    int calls = 0;
+    EXPECT_EQ(echo->send<Block<int(int)>>("block:", [&calls](int value) { return value + ++calls; })(4), 5);
+    const auto twice = [](int value) { return 2 * value; };
+    EXPECT_EQ(echo->send<Block<int(int)>>("block:", twice)(4), 8);
+    EXPECT_EQ(
+        echo->send<Block<int(int)>>("block:", [count = 0](int value) mutable { return value + ++count; })(4),
+        5);
+    EXPECT_EQ(echo->send<Block<int(int)>>("block:", half)(4), 2);
+    EXPECT_EQ(echo->send<Block<int(int)>>("block:", &half)(4), 2);
+}
+
+TEST_F(EncodingTest, NothingReachesWhateverMayBeAbsent) {
+    EXPECT_EQ(echo->send<std::shared_ptr<NSObject>>("object:", nullptr), nullptr);
+    EXPECT_EQ(echo->send<std::shared_ptr<Dog>>("dog:", std::nullopt), nullptr);
+    EXPECT_EQ(echo->send<std::shared_ptr<Listener>>("listener:", nullptr), nullptr);
+    EXPECT_EQ(echo->send<std::optional<std::string>>("text:", nullptr), std::nullopt);
+    EXPECT_EQ(echo->send<std::optional<std::string>>("text:", std::nullopt), std::nullopt);
+    EXPECT_FALSE(echo->send<Block<int(int)>>("block:", nullptr));
+    EXPECT_EQ(echo->send<std::optional<Point>>("maybePoint:", nullptr), std::nullopt);
+    EXPECT_EQ(echo->send<std::optional<Points>>("maybePoints:", nullptr), std::nullopt);
+    EXPECT_EQ(echo->send<int>("secondOf:and:and:", nullptr, 2, nullptr), 2);
+    EXPECT_EQ(echo->send<int>("secondOf:and:and:", "text", 3, nullptr), 3);
+}
+
+TEST_F(EncodingDeathTest, NothingForWhatMustBeThereIsAFatalReport) {
+    EXPECT_DEATH(
+        echo->send<int>("int:", nullptr),
+        "Wrong kind for selector 'int:' of class 'EncodingTest.Echo': takes .integer. giving integer, "
+        "was sent .nothing. giving integer");
+    EXPECT_DEATH(echo->send<bool>("bool:", nullptr), "selector 'bool:'");
+    EXPECT_DEATH(echo->send<std::string>("string:", nullptr), "expected text, was sent no text");
+    EXPECT_DEATH(echo->send<Point>("point:", std::nullopt), "selector 'point:'");
+    EXPECT_DEATH(echo->send<std::vector<std::shared_ptr<Pet>>>("pets:", nullptr),
+                 "expected list, was sent no list");
+    EXPECT_DEATH(echo->send<int>("secondOf:and:and:", nullptr, nullptr, nullptr),
+                 "takes .text, integer, object. giving integer, was sent .nothing, nothing, nothing.");
+    EXPECT_DEATH(echo->send<int>("secondOf:and:and:", nullptr, 2), "was sent .nothing, integer.");
+    EXPECT_DEATH(echo->send("text:", nullptr), "giving text, was sent .nothing. giving nothing");
+}
+
+TEST_F(EncodingTest, AListReachesAnOptionalListAndTheOtherWayRound) {
+    const Points points{{1.0, 2.0}, {3.0, 4.0}};
+    EXPECT_EQ(echo->send<std::optional<Points>>("maybePoints:", points), points);
+    EXPECT_EQ(echo->send<Points>("maybePoints:", std::optional(points)), points);
+    const std::vector<std::shared_ptr<Pet>> pets{make<Pet>()};
+    EXPECT_EQ(echo->send<std::vector<std::shared_ptr<Pet>>>("pets:", std::optional(pets)), pets);
+    EXPECT_DEATH(echo->send<Points>("maybePoints:", std::optional<Points>()),
+                 "expected list, was sent no list");
 }
 
 TEST_F(EncodingDeathTest, ABlockOfOtherTypesIsAFatalReport) {

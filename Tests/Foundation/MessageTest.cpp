@@ -155,6 +155,22 @@ TEST(MessageTest, AClosureTravelsAsABlockAndAnEmptyOneStaysEmpty) {
     EXPECT_FALSE(lamp->send<Block<void()>>("action"));
 }
 
+TEST(MessageTest, ALambdaTravelsAsABlockAndNothingEmptiesWhatItIsSentTo) {
+    const auto lamp = make<Lamp>(5.0);
+    int calls = 0;
+    lamp->send("setAction:", [&calls] { ++calls; });
+    lamp->action()();
+    EXPECT_EQ(calls, 1);
+    lamp->send("setAction:", nullptr);
+    EXPECT_FALSE(lamp->action());
+    lamp->send("setLabel:", "on");
+    lamp->send("setLabel:", nullptr);
+    EXPECT_EQ(lamp->label(), std::nullopt);
+    lamp->send("setTwin:", make<Lamp>(1.0));
+    lamp->send("setTwin:", nullptr);
+    EXPECT_EQ(lamp->twin(), nullptr);
+}
+
 TEST(MessageTest, AnObjectReachesAParameterOfItsProtocol) {
     const auto lamp = make<Lamp>(5.0);
     lamp->send("setListener:", std::shared_ptr<Listener>(make<Lamp>(1.0)));

@@ -1,6 +1,7 @@
 #include "Platform/Foundation/Foundation.h"
 #include "Tests/Foundation/ManualClock.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
@@ -30,7 +31,7 @@ public:
 
     void turn(double now) override {
         turns.push_back(now);
-        EXPECT_EQ(loop_.now(), now);
+        EXPECT_EQ(now, std::max(loop_.now(), next.value()));
         next.reset();
         if (onTurn) {
             onTurn();
@@ -63,6 +64,22 @@ protected:
 };
 
 using NSRunLoopDeathTest = NSRunLoopTest;
+
+TEST_F(NSRunLoopTest, WhatIsDueWithinTheToleranceIsDoneAndTimeStaysTheClocks) {
+    int fired = 0;
+    schedule(1.0, [&fired](NSTimer&) { ++fired; });
+    Pulse& pulse = loop.source<Pulse>();
+    pulse.next = 1.0;
+    clock.time = 1.0 - 2.0 * NSRunLoop::tolerance;
+    loop.turn();
+    EXPECT_EQ(fired, 0);
+    EXPECT_EQ(pulse.turns, std::vector<double>());
+    clock.time = 1.0 - 0.5 * NSRunLoop::tolerance;
+    loop.turn();
+    EXPECT_EQ(fired, 1);
+    EXPECT_EQ(pulse.turns, std::vector<double>{1.0});
+    EXPECT_EQ(loop.now(), clock.time);
+}
 
 TEST_F(NSRunLoopTest, TimeStartsAtZeroAndFollowsTheClock) {
     clock.time = 100.0;
@@ -374,6 +391,26 @@ TEST_F(NSRunLoopTest, WhatAnEndingLoopLetsGoStillFindsIt) {
         EXPECT_TRUE(wasCurrent);
         EXPECT_EQ(loop.timeUntilNextWork(), std::nullopt);
     }
+}
+
+TEST_F(NSRunLoopTest, AnExceptionPassesThroughAndWhatWasDueStillIs) {
+    int fired = 0;
+    schedule(1.0, [](NSTimer&) { throw std::string("timer"); });
+    schedule(1.0, [&fired](NSTimer&) { ++fired; });
+    Pulse& pulse = loop.source<Pulse>();
+    pulse.next = 1.0;
+    pulse.onTurn = [] { throw std::string("source"); };
+    clock.time = 1.0;
+    EXPECT_THROW(loop.turn(), std::string);
+    EXPECT_EQ(fired, 0);
+    EXPECT_EQ(loop.timeUntilNextWork(), 0.0);
+    EXPECT_THROW(loop.turn(), std::string);
+    EXPECT_EQ(fired, 1);
+    EXPECT_THAT(pulse.turns, ElementsAre(1.0));
+    loop.turn();
+    EXPECT_EQ(loop.timeUntilNextWork(), std::nullopt);
+    clock.time = 2.0;
+    EXPECT_EQ(loop.now(), 2.0);
 }
 
 TEST_F(NSRunLoopDeathTest, ATurnInsideATurnIsAFatalReport) {

@@ -304,6 +304,19 @@ TEST_F(NSTimerTest, ARepeatingTimersGridMovesWithItsFireDate) {
     EXPECT_EQ(timer->fireDate(), 2.5);
 }
 
+TEST_F(NSTimerTest, ALateRepeatingTimerKeepsToAGridBesideTheMultiplesOfItsInterval) {
+    const auto timer = scheduleNamed(1.0, "tick", true);
+    timer->setFireDate(1.25);
+    turnAt(4.0);
+    EXPECT_THAT(fired, ElementsAre("tick"));
+    EXPECT_EQ(timer->fireDate(), 4.25);
+    turnAt(4.25);
+    EXPECT_EQ(timer->fireDate(), 5.25);
+    turnAt(8.25);
+    EXPECT_EQ(timer->fireDate(), 9.25);
+    EXPECT_EQ(fired.size(), 3U);
+}
+
 TEST_F(NSTimerTest, ATimerScheduledInACallbackWaitsForTheNextTurn) {
     schedule(1.0, [this](NSTimer&) {
         fired.push_back("outer");
@@ -508,6 +521,31 @@ TEST_F(NSTimerTest, ManyTimersFireInOrder) {
     turnAt(count);
     EXPECT_EQ(order.size(), static_cast<std::size_t>(count));
     EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+TEST_F(NSTimerTest, ATimerThatThrewHasFiredAllTheSame) {
+    const auto failing = [](NSTimer&) { throw std::string("timer"); };
+    const auto repeating = schedule(1.0, failing, true);
+    EXPECT_THROW(turnAt(1.0), std::string);
+    EXPECT_EQ(repeating->fireDate(), 2.0);
+    repeating->invalidate();
+
+    class Failing : public Target {
+    public:
+        static const Class& classObject() {
+            static const Class& object =
+                ClassBuilder<Failing, Target>("NSTimerTest.Failing").method<&Failing::fail>("fail").build();
+            return object;
+        }
+        void fail() { throw std::string("target"); }
+    };
+    const auto userInfo = make<NSObject>();
+    const auto once = NSTimer::scheduledTimerWithTimeInterval(1.0, make<Failing>(), "fail", userInfo, false);
+    EXPECT_THROW(turnAt(3.0), std::string);
+    EXPECT_FALSE(once->isValid());
+    EXPECT_EQ(once->userInfo(), nullptr);
+    EXPECT_EQ(userInfo.use_count(), 1);
+    turnAt(4.0);
 }
 
 } // namespace

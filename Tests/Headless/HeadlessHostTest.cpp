@@ -54,6 +54,49 @@ TEST(HeadlessHostTest, AdvancingLeavesWhatIsLaterForLater) {
     EXPECT_EQ(fired, 1);
 }
 
+TEST(HeadlessHostTest, AdvancingLandsOnTheTimeThatWasWantedWhateverThereIsToDo) {
+    HeadlessHost host({10, 10});
+    const auto view = makeView(CGRectMake(0, 0, 10, 10));
+    host.window()->addSubview(view);
+    int fired = 0;
+    schedule(1.0 / 60.0, true, [&] { ++fired; });
+    schedule(0.3, true,
+             [&] { UIView::animateWithDuration(0.2, 0.0, 0, [&] { view->setAlpha(1.0 - view->alpha()); }); });
+    for (int step = 1; step <= 600; ++step) {
+        host.advance(0.1);
+        ASSERT_DOUBLE_EQ(host.clock().now(), step * 0.1);
+        ASSERT_EQ(host.runLoop().now(), host.clock().now());
+        ASSERT_EQ(fired, step * 6);
+    }
+}
+
+TEST(HeadlessHostTest, WhatIsDueJustAfterTheEndIsDoneWithoutGoingThere) {
+    HeadlessHost host({10, 10});
+    const auto view = makeView(CGRectMake(0, 0, 10, 10));
+    int done = 0;
+    schedule(1.0 + 5e-8, false, [&] { ++done; });
+    UIView::animateWithDuration(
+        1.0 + 5e-8, 0.0, 0, [&] { view->setAlpha(0.0); }, [&](bool) { ++done; });
+    schedule(1.0 + 5e-7, false, [&] { ++done; });
+    host.advance(1.0);
+    EXPECT_EQ(done, 2);
+    EXPECT_EQ(host.clock().now(), 1.0);
+    host.advance(0.0);
+    EXPECT_EQ(done, 2);
+    host.advance(1.0);
+    EXPECT_EQ(done, 3);
+}
+
+TEST(HeadlessHostTest, TimePassesEvenWhereAWaitIsTooShortToAddUp) {
+    HeadlessHost host({10, 10});
+    host.clock().set(1e12);
+    int fired = 0;
+    schedule(5e-5, false, [&] { ++fired; });
+    host.advance(1.0);
+    EXPECT_EQ(fired, 1);
+    EXPECT_EQ(host.clock().now(), 1e12 + 1.0);
+}
+
 TEST(HeadlessHostTest, AdvancingByNothingIsOneTurn) {
     HeadlessHost host({10, 10});
     int fired = 0;

@@ -14,4 +14,17 @@ TEST(VirtualClockTest, GoesWhereItIsTold) {
     EXPECT_EQ(clock.now(), -3.0);
 }
 
+TEST(VirtualClockTest, ManySmallStepsLeadWhereTheirSumDoes) {
+    Headless::VirtualClock clock;
+    for (int step = 0; step < 1000; ++step) {
+        clock.advance(0.1);
+    }
+    EXPECT_EQ(clock.now(), 100.0);
+    clock.set(1e6);
+    for (int step = 0; step < 100000; ++step) {
+        clock.advance(0.001);
+    }
+    EXPECT_EQ(clock.now(), 1e6 + 100.0);
+}
+
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -42,10 +43,47 @@ private:
     std::string name_;
 };
 
+/// Counts the blocks of memory that objects made with it still take.
+template <class T>
+class CountingAllocator : public ObjectAllocator<T> {
+public:
+    template <class U>
+    struct rebind {
+        using other = CountingAllocator<U>;
+    };
+
+    explicit CountingAllocator(int& taken) : taken_(&taken) {}
+    template <class U>
+    CountingAllocator(const CountingAllocator<U>& other) : taken_(other.taken_) {}
+
+    T* allocate(std::size_t count) {
+        ++*taken_;
+        return ObjectAllocator<T>::allocate(count);
+    }
+    void deallocate(T* block, std::size_t count) {
+        --*taken_;
+        ObjectAllocator<T>::deallocate(block, count);
+    }
+
+private:
+    template <class U>
+    friend class CountingAllocator;
+
+    int* taken_;
+};
+
 class KivEventNotifierTest : public testing::Test {
 protected:
     std::shared_ptr<Spectator> add(const std::string& name) {
         const auto spectator = make<Spectator>(story, name);
+        notifier->addObserver(spectator);
+        return spectator;
+    }
+
+    /// An observer whose memory counts as `taken`.
+    std::shared_ptr<Spectator> addCounted() {
+        auto spectator = std::allocate_shared<Spectator>(CountingAllocator<Spectator>(taken));
+        spectator->init(story, "counted");
         notifier->addObserver(spectator);
         return spectator;
     }
@@ -61,6 +99,7 @@ protected:
     }
 
     Story story;
+    int taken = 0;
     std::shared_ptr<KivEventNotifier> notifier = make<KivEventNotifier>();
 };
 
@@ -102,6 +141,42 @@ TEST_F(KivEventNotifierTest, HoldsItsObserversWeakly) {
     EXPECT_EQ(a.use_count(), 1);
     a = nullptr;
     EXPECT_EQ(called(), Story{"b"});
+}
+
+TEST_F(KivEventNotifierTest, AddingForgetsTheObserversThatHaveGone) {
+    for (int index = 0; index < 10; ++index) {
+        addCounted();
+    }
+    const auto last = add("last");
+    EXPECT_EQ(taken, 0);
+    EXPECT_EQ(called(), Story{"last"});
+}
+
+TEST_F(KivEventNotifierTest, NotifyingForgetsTheObserversThatHaveGone) {
+    std::vector<std::shared_ptr<Spectator>> spectators{addCounted(), addCounted(), addCounted()};
+    spectators.erase(spectators.begin(), spectators.begin() + 2);
+    EXPECT_EQ(taken, 3);
+    EXPECT_EQ(called(), Story{"counted"});
+    EXPECT_EQ(taken, 1);
+    notifier->removeObserver(spectators.front());
+    spectators.clear();
+    EXPECT_EQ(taken, 0);
+}
+
+TEST_F(KivEventNotifierTest, ForgettingThoseGoneInsideANotificationLeavesOutNobody) {
+    const auto a = add("a");
+    auto gone = addCounted();
+    const auto b = add("b");
+    std::shared_ptr<Spectator> late;
+    Story names;
+    notifier->notifyObservers([&](const auto& observer) {
+        names.push_back(nameOf(observer));
+        gone = nullptr;
+        late = late ? late : add("late");
+        EXPECT_EQ(called(), (Story{"a", "b", "late"}));
+    });
+    EXPECT_EQ(names, (Story{"a", "b"}));
+    EXPECT_EQ(taken, 0);
 }
 
 TEST_F(KivEventNotifierTest, AnObserverThatIsAddedMeanwhileIsCalledNextTime) {

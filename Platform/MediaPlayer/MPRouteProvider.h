@@ -4,6 +4,10 @@
 #include <string>
 #include <vector>
 
+namespace UIKit {
+class UIView;
+} // namespace UIKit
+
 namespace MediaPlayer {
 
 class MPVolumeView;
@@ -21,7 +25,8 @@ struct MPRoute {
     friend bool operator==(const MPRoute&, const MPRoute&) = default;
 };
 
-/// What a host implements to offer routes, makes as a shared object, installs and keeps alive.
+/// What a host implements to offer routes, makes as a shared object, installs in a view and keeps alive. Each
+/// window, or each part of one, can have its own.
 class MPRouteProvider : public std::enable_shared_from_this<MPRouteProvider> {
 public:
     MPRouteProvider() = default;
@@ -29,12 +34,14 @@ public:
     MPRouteProvider& operator=(const MPRouteProvider&) = delete;
     virtual ~MPRouteProvider() = default;
 
-    /// The one that was installed last, if it is still alive.
-    static std::shared_ptr<MPRouteProvider> installed();
+    /// The provider of the nearest view around `view`, or of `view` itself, that has one which is still
+    /// alive.
+    static std::shared_ptr<MPRouteProvider> providerFor(const UIKit::UIView& view);
 
-    /// From now on every route button asks this provider. It is held weakly; installing nothing leaves them
-    /// without routes.
-    static void install(const std::shared_ptr<MPRouteProvider>& provider);
+    /// From now on the route buttons in `root`, at any depth, ask this provider in place of the one that
+    /// `root` had. Both are held weakly; installing nothing takes the provider of `root` away.
+    static void install(const std::shared_ptr<MPRouteProvider>& provider,
+                        const std::shared_ptr<UIKit::UIView>& root);
 
     /// In the order in which to offer them.
     virtual std::vector<MPRoute> routes() const = 0;

@@ -101,6 +101,8 @@ bool MPVolumeView::pointInside(const CGPoint& point) const {
     return isRouteButtonVisible() && CGRectContainsPoint(button_->frame(), point);
 }
 
+void MPVolumeView::didMoveToWindow() { update(); }
+
 void MPVolumeView::updateAll() {
     const std::vector<std::weak_ptr<MPVolumeView>> views = allViews();
     for (const std::weak_ptr<MPVolumeView>& each : views) {
@@ -111,12 +113,12 @@ void MPVolumeView::updateAll() {
 }
 
 void MPVolumeView::update() {
-    const std::shared_ptr<MPRouteProvider> provider = MPRouteProvider::installed();
+    const std::shared_ptr<MPRouteProvider> provider = MPRouteProvider::providerFor(*this);
     button_->setHidden(!showsRouteButton_ || !provider || provider->routes().size() < 2);
 }
 
 void MPVolumeView::chooseRoute() {
-    const std::shared_ptr<MPRouteProvider> provider = MPRouteProvider::installed();
+    const std::shared_ptr<MPRouteProvider> provider = MPRouteProvider::providerFor(*this);
     // The routes may have gone while the button was held.
     if (provider && isRouteButtonVisible()) {
         provider->chooseRouteFromView(self(this));

@@ -12,7 +12,8 @@ class UIImage;
 namespace MediaPlayer {
 
 /// The button with which the user chooses where sound and picture go. It shows, and takes touches, only while
-/// the installed MPRouteProvider has more than one route; a tap asks the provider to let the user choose.
+/// the MPRouteProvider that is installed around it has more than one route; a tap asks the provider to let
+/// the user choose.
 class MPVolumeView : public UIKit::UIView {
 public:
     static const Foundation::Class& classObject();
@@ -36,6 +37,9 @@ public:
     CoreGraphics::CGSize sizeThatFits(const CoreGraphics::CGSize& size) const override;
 
     bool pointInside(const CoreGraphics::CGPoint& point) const override;
+
+protected:
+    void didMoveToWindow() override;
 
 private:
     friend class MPRouteProvider;

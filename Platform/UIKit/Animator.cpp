@@ -1,5 +1,6 @@
 #include "Platform/UIKit/Animator.h"
 
+#include "Platform/Foundation/ScopeExit.h"
 #include "Platform/UIKit/AnimationGroup.h"
 #include "Platform/UIKit/UIView.h"
 
@@ -45,14 +46,14 @@ void Animator::animate(double duration, double delay, UIViewAnimationOptions opt
     group->moveTo(presentationTime_);
     groups_.push_back(group);
     const std::shared_ptr<AnimationGroup> outer = std::exchange(recording, takesTime ? group : nullptr);
+    const Foundation::ScopeExit end([&outer] { recording = outer; });
     if (animations) {
         animations();
     }
-    recording = outer;
 }
 
 std::optional<double> Animator::nextWork() const {
-    double next = std::numeric_limits<double>::infinity();
+    double next = over_.empty() ? std::numeric_limits<double>::infinity() : presentationTime_;
     for (const std::shared_ptr<AnimationGroup>& group : groups_) {
         if (group->isOver(presentationTime_)) {
             next = std::min(next, presentationTime_);
@@ -68,6 +69,7 @@ std::optional<double> Animator::nextWork() const {
 void Animator::turn(double now) {
     moveTo(now);
     finishOver(now);
+    completeOver();
 }
 
 void Animator::moveTo(double now) {
@@ -99,19 +101,23 @@ void Animator::invalidateRunning(double now) {
 
 void Animator::finishOver(double now) {
     const auto isOver = [now](const std::shared_ptr<AnimationGroup>& group) { return group->isOver(now); };
-    std::vector<std::shared_ptr<AnimationGroup>> over;
-    std::copy_if(groups_.begin(), groups_.end(), std::back_inserter(over), isOver);
+    std::copy_if(groups_.begin(), groups_.end(), std::back_inserter(over_), isOver);
     std::erase_if(groups_, isOver);
-    if (over.size() > 1) {
-        std::stable_sort(over.begin(), over.end(),
+    if (over_.size() > 1) {
+        std::stable_sort(over_.begin(), over_.end(),
                          [](const auto& a, const auto& b) { return a->end() < b->end(); });
     }
-
-    for (const std::shared_ptr<AnimationGroup>& group : over) {
+    for (const std::shared_ptr<AnimationGroup>& group : over_) {
         finish(*group);
     }
-    // Completions come last: whatever they start or tear down, this turn touches nothing of it any more.
-    for (const std::shared_ptr<AnimationGroup>& group : over) {
+}
+
+// Completions come last: whatever they start or tear down, this turn touches nothing of it any more. Those
+// that an exception keeps from being called have the next turn.
+void Animator::completeOver() {
+    while (!over_.empty()) {
+        const std::shared_ptr<AnimationGroup> group = std::move(over_.front());
+        over_.pop_front();
         group->complete();
     }
 }

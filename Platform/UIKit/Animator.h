@@ -3,6 +3,7 @@
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/UIKit/AnimationCurve.h"
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -36,6 +37,7 @@ private:
     void moveTo(double now);
     void invalidateRunning(double now);
     void finishOver(double now);
+    void completeOver();
     static void finish(const AnimationGroup& group);
 
     Foundation::NSRunLoop& loop_;
@@ -43,6 +45,9 @@ private:
 
     // In the order in which they began.
     std::vector<std::shared_ptr<AnimationGroup>> groups_;
+
+    // Whose time has passed, and whose completions are still to be called.
+    std::deque<std::shared_ptr<AnimationGroup>> over_;
 };
 
 } // namespace UIKit

@@ -63,7 +63,13 @@ constexpr CGFloat asciiWidth(char character) {
     const auto isIn = [character](std::string_view characters) {
         return characters.find(character) != std::string_view::npos;
     };
-    return isIn(narrow) ? 0.32 : isIn(half) ? 0.44 : isIn(wide) ? 1.0 : character >= 'a' ? 0.63 : 0.76;
+    const bool isFigure = character >= '0' && character <= '9';
+    return isIn(narrow)       ? 0.32
+           : isIn(half)       ? 0.44
+           : isIn(wide)       ? 1.0
+           : isFigure         ? 0.7
+           : character >= 'a' ? 0.63
+                              : 0.76;
 }
 
 constexpr std::array<CGFloat, 128> asciiWidths = [] {

@@ -46,6 +46,7 @@ UIControl::Registration* UIControl::find(const std::weak_ptr<Foundation::NSObjec
 
 void UIControl::addTarget(const std::shared_ptr<Foundation::NSObject>& target, Foundation::SEL action,
                           UIControlEvents events) {
+    require(target, "target", "addTarget:action:forControlEvents:");
     std::erase_if(registrations_, [](const Registration& each) { return each.target.expired(); });
     if (Registration* present = find(target, action)) {
         present->events |= events;
@@ -152,13 +153,29 @@ void UIControl::cancelTrackedTouch() {
     }
 }
 
+// A subclass that throws at the beginning or the end of a touch must not leave the control waiting for more
+// of that touch.
+template <class Call>
+void UIControl::orStopTracking(const UITouch& touch, Call call) {
+    try {
+        call();
+    } catch (...) {
+        if (isTracked(touch)) {
+            stopTracking();
+        }
+        throw;
+    }
+}
+
 void UIControl::touchesBegan(const UITouch& touch) {
     if (!isEnabled() || isTracking()) {
         return;
     }
     const std::shared_ptr<UIControl> alive = self(this);
     trackedTouch_ = touch.identifier;
-    if (!beginTrackingWithTouch(touch)) {
+    bool isAccepted = false;
+    orStopTracking(touch, [&] { isAccepted = beginTrackingWithTouch(touch); });
+    if (!isAccepted) {
         stopTracking();
     } else if (isTracked(touch)) {
         isTouchInside_ = true;
@@ -199,7 +216,7 @@ void UIControl::touchesEnded(const UITouch& touch) {
     }
     const std::shared_ptr<UIControl> alive = self(this);
     const bool isInside = pointInside(touch.locationInView(*this));
-    endTrackingWithTouch(touch);
+    orStopTracking(touch, [&] { endTrackingWithTouch(touch); });
     if (isTracked(touch)) {
         stopTracking();
         sendActionsForControlEvents(isInside ? UIControlEventTouchUpInside : UIControlEventTouchUpOutside);

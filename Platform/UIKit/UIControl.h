@@ -21,7 +21,7 @@ public:
 
     /// Has `target` sent `action` for each of the events, after those that were registered before it; the
     /// control is the argument if the action takes one. The target is held weakly: one that has gone is
-    /// passed over. The same target and action again adds to their events.
+    /// passed over. The same target and action again adds to their events. No target is a fatal report.
     virtual void addTarget(const std::shared_ptr<Foundation::NSObject>& target, Foundation::SEL action,
                            UIControlEvents events);
 
@@ -30,7 +30,8 @@ public:
                               UIControlEvents events);
 
     /// Tells the targets registered for any of `events`, each once. A registration that is taken away
-    /// meanwhile is no longer told, one that is added not yet.
+    /// meanwhile is no longer told, one that is added not yet. An exception from one passes through, and
+    /// those after it are not told.
     void sendActionsForControlEvents(UIControlEvents events);
 
     /// Disabling a control in mid-touch cancels the touch. While disabled it swallows touches.
@@ -77,6 +78,8 @@ private:
 
     Registration* find(const std::weak_ptr<Foundation::NSObject>& target, Foundation::SEL action);
     bool isTracked(const UITouch& touch) const;
+    template <class Call>
+    void orStopTracking(const UITouch& touch, Call call);
     void stopTracking();
     void cancelTrackedTouch();
 

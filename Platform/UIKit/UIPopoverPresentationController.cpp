@@ -121,8 +121,7 @@ std::shared_ptr<UIView> UIPopoverPresentationController::fadedView() const {
 std::optional<CGRect> UIPopoverPresentationController::anchorIn(const UIView& container) const {
     const std::shared_ptr<UIView> source = sourceView();
     const std::shared_ptr<UIViewController> presenting = presentingViewController();
-    const std::shared_ptr<UIView> owner =
-        presenting && presenting->isViewLoaded() ? presenting->view() : nullptr;
+    const std::shared_ptr<UIView> owner = presenting ? presenting->view() : nullptr;
     const std::shared_ptr<UIWindow> window = owner ? owner->window() : nullptr;
     if (!source || !window || source->window() != window) {
         return std::nullopt;

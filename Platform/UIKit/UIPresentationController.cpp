@@ -6,6 +6,8 @@
 #include "Platform/UIKit/UIViewController.h"
 #include "Platform/UIKit/UIWindow.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace UIKit {
@@ -36,6 +38,7 @@ const Foundation::Class& UIPresentationController::classObject() {
 }
 
 bool UIPresentationController::init(const std::shared_ptr<UIViewController>& presentedViewController) {
+    require(presentedViewController, "view controller", "init(presentedViewController:)");
     presented_ = presentedViewController;
     return NSObject::init();
 }
@@ -51,7 +54,8 @@ void UIPresentationController::present(const std::shared_ptr<UIViewController>& 
     presenting_ = presenting;
     state_ = State::Preparing;
     cause_ = Cause::Program;
-    if (!prepareAndShow(presenting)) {
+    // The window may have gone with the last callback.
+    if (!tryToShow(presenting) || !isShown()) {
         end();
         return;
     }
@@ -66,13 +70,22 @@ void UIPresentationController::present(const std::shared_ptr<UIViewController>& 
 
 std::shared_ptr<UIView> UIPresentationController::fadedView() const { return container_; }
 
+bool UIPresentationController::tryToShow(const std::shared_ptr<UIViewController>& presenting) {
+    try {
+        return prepareAndShow(presenting);
+    } catch (...) {
+        end();
+        throw;
+    }
+}
+
 // False when there is nothing to show it on any more, or a callback has ended it.
 bool UIPresentationController::prepareAndShow(const std::shared_ptr<UIViewController>& presenting) {
     prepare();
     const std::shared_ptr<UIViewController> presented = presentedViewController();
     const std::shared_ptr<UIView> content =
         presented && state_ == State::Preparing ? presented->view() : nullptr;
-    const std::shared_ptr<UIView> owner = presenting->isViewLoaded() ? presenting->view() : nullptr;
+    const std::shared_ptr<UIView> owner = presenting->view();
     const std::shared_ptr<UIWindow> window = owner ? owner->window() : nullptr;
     if (!content || !window || state_ != State::Preparing) {
         return false;
@@ -80,7 +93,7 @@ bool UIPresentationController::prepareAndShow(const std::shared_ptr<UIViewContro
     state_ = State::Shown;
     const auto container = Foundation::make<PresentationView>(window->bounds(), self(this));
     container_ = container;
-    layOutContent(*container, content);
+    layOut(content);
     if (state_ != State::Shown || owner->window() != window) {
         return false;
     }
@@ -99,10 +112,15 @@ void UIPresentationController::layOut() {
     const std::shared_ptr<UIViewController> presented = presentedViewController();
     const std::shared_ptr<UIView> content = presented && isShown() ? presented->view() : nullptr;
     if (content && container_) {
-        const std::shared_ptr<UIPresentationController> alive = self(this);
-        const std::shared_ptr<UIView> container = container_;
-        layOutContent(*container, content);
+        layOut(content);
     }
+}
+
+void UIPresentationController::layOut(const std::shared_ptr<UIView>& content) {
+    const std::shared_ptr<UIPresentationController> alive = self(this);
+    const std::shared_ptr<UIView> container = container_;
+    content_ = content;
+    layOutContent(*container, content);
 }
 
 void UIPresentationController::containerDidResize() {
@@ -158,9 +176,18 @@ void UIPresentationController::stopTouches() {
 }
 
 void UIPresentationController::complete() {
-    const std::vector<std::function<void()>> completions = std::exchange(completions_, {});
-    for (const std::function<void()>& completion : completions) {
-        completion();
+    std::deque<std::function<void()>> completions = std::exchange(completions_, {});
+    while (!completions.empty()) {
+        const std::function<void()> completion = std::move(completions.front());
+        completions.pop_front();
+        try {
+            completion();
+        } catch (...) {
+            completions_.swap(completions);
+            std::move(completions.begin(), completions.end(), std::back_inserter(completions_));
+            callSoon([alive = self(this)] { alive->complete(); });
+            throw;
+        }
     }
 }
 
@@ -188,9 +215,9 @@ void UIPresentationController::end() {
     if (container) {
         container->removeFromSuperview();
     }
-    if (presented && presented->isViewLoaded() && container &&
-        presented->view()->isDescendantOfView(*container)) {
-        presented->view()->removeFromSuperview();
+    const std::shared_ptr<UIView> content = content_.lock();
+    if (content && container && content->isDescendantOfView(*container)) {
+        content->removeFromSuperview();
     }
     if (cause_ == Cause::Outside) {
         didDismissFromOutside();

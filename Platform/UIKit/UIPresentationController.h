@@ -2,9 +2,9 @@
 
 #include "Platform/Foundation/NSObject.h"
 
+#include <deque>
 #include <functional>
 #include <memory>
-#include <vector>
 
 namespace UIKit {
 
@@ -61,6 +61,8 @@ private:
                  std::function<void()> completion);
     void stopTouches();
     void complete();
+    void layOut(const std::shared_ptr<UIView>& content);
+    bool tryToShow(const std::shared_ptr<UIViewController>& presenting);
     bool prepareAndShow(const std::shared_ptr<UIViewController>& presenting);
     void dismiss(bool animated, std::function<void()> completion) {
         dismiss(Cause::Program, animated, std::move(completion));
@@ -79,8 +81,11 @@ private:
     std::weak_ptr<UIViewController> presenting_;
     std::shared_ptr<PresentationView> container_;
 
+    // The presented root view as it was shown last.
+    std::weak_ptr<UIView> content_;
+
     // Of dismissals.
-    std::vector<std::function<void()>> completions_;
+    std::deque<std::function<void()>> completions_;
     State state_ = State::Idle;
     Cause cause_ = Cause::Program;
 };

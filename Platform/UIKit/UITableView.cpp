@@ -2,6 +2,7 @@
 
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/Foundation/FatalError.h"
+#include "Platform/Foundation/ScopeExit.h"
 #include "Platform/UIKit/ScrollIndicator.h"
 #include "Platform/UIKit/UIKey.h"
 #include "Platform/UIKit/UITableViewCell.h"
@@ -73,28 +74,50 @@ void UITableView::update() {
     }
     const std::shared_ptr<UITableView> alive = self(this);
     isUpdating_ = true;
+    const Foundation::ScopeExit end([this] { isUpdating_ = false; });
     for (int round = 0; round < mostReloadsInARow && (needsRows_ || (needsCells_ && window())); ++round) {
         if (needsRows_) {
-            countRows();
+            ask(needsRows_, [this] { countRows(); });
         }
-        if (!needsRows_) {
-            showCells();
+        if (!needsRows_ && window()) {
+            ask(needsCells_, [this] { showCells(); });
         }
     }
-    isUpdating_ = false;
+}
+
+// Asks again the next time for what a data source that throws has not answered.
+template <class Call>
+void UITableView::ask(bool& isNeeded, Call call) {
+    isNeeded = false;
+    bool isAnswered = false;
+    const Foundation::ScopeExit end([&] { isNeeded = isNeeded || !isAnswered; });
+    call();
+    isAnswered = true;
 }
 
 void UITableView::countRows() {
-    static const SEL sectionCount("numberOfSectionsInTableView:");
-    static const SEL rowCount("tableView:numberOfRowsInSection:");
-    needsRows_ = false;
     selectedRow_.reset();
     if (press_) {
         press_->row.reset();
         highlight(std::nullopt);
     }
     removeCellsOutside({});
+    askForRows();
+    needsCells_ = true;
+    setContentOffset(contentOffset());
+}
+
+void UITableView::askForRows() {
+    static const SEL sectionCount("numberOfSectionsInTableView:");
+    static const SEL rowCount("tableView:numberOfRowsInSection:");
     TableRows rows;
+    // A data source that throws has the rows that it told of before: no other may be chosen.
+    const Foundation::ScopeExit end([&] {
+        rows_ = std::move(rows);
+        if (highlightedRow_ && *highlightedRow_ >= rows_.count()) {
+            highlightedRow_.reset();
+        }
+    });
     if (const std::shared_ptr<UITableViewDataSource> source = dataSource()) {
         const std::shared_ptr<UITableView> table = self(this);
         const std::int64_t sections =
@@ -103,19 +126,9 @@ void UITableView::countRows() {
             rows.addSection(source->send<std::int64_t>(rowCount, table, section));
         }
     }
-    rows_ = std::move(rows);
-    if (highlightedRow_ && *highlightedRow_ >= rows_.count()) {
-        highlightedRow_.reset();
-    }
-    needsCells_ = true;
-    setContentOffset(contentOffset());
 }
 
 void UITableView::showCells() {
-    if (!window()) {
-        return;
-    }
-    needsCells_ = false;
     layOutContent();
     const CGRect visible = CGRectStandardize(bounds());
     const TableRows::Range range = rows_.range(CGRectGetMinY(visible), CGRectGetMaxY(visible));
@@ -299,12 +312,17 @@ void UITableView::touchesEnded(const UITouch& touch) {
         return;
     }
     const std::shared_ptr<UITableView> alive = self(this);
-    highlight(std::nullopt);
-    // Not earlier: cells that are told may have brought other rows.
-    const std::optional<Press> press = std::exchange(press_, std::nullopt);
+    const std::optional<Press> press = endPress();
     if (press && !press->isDrag && press->row && rowAt(touch) == press->row) {
         choose(*press->row);
     }
+}
+
+// The press as it is when the cells have been told, who may have brought other rows.
+std::optional<UITableView::Press> UITableView::endPress() {
+    const Foundation::ScopeExit end([this] { press_.reset(); });
+    highlight(std::nullopt);
+    return press_;
 }
 
 void UITableView::touchesCancelled(const UITouch& touch) {

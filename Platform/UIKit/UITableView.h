@@ -30,7 +30,8 @@ enum class UITableViewStyle : std::int64_t {
 ///
 /// Data source and delegate are held weakly. They may do anything when they are asked or told something: what
 /// they change is taken in as soon as they are done. A data source that asks for a reload each time it is
-/// asked is no longer heard after three in a row.
+/// asked is no longer heard after three in a row. One that throws is asked again when the table next has
+/// something to do.
 class UITableView : public UIView {
 public:
     static const Foundation::Class& classObject();
@@ -100,7 +101,10 @@ private:
     };
 
     void update();
+    template <class Call>
+    void ask(bool& isNeeded, Call call);
     void countRows();
+    void askForRows();
     void showCells();
     bool addCell(std::int64_t index);
     void removeCellsOutside(const TableRows::Range& range);
@@ -112,6 +116,7 @@ private:
     CoreGraphics::CGFloat greatestOffset() const;
 
     bool isPress(const UITouch& touch) const { return press_ && press_->touch == touch.identifier; }
+    std::optional<Press> endPress();
     std::optional<std::int64_t> rowAt(const UITouch& touch) const;
     void highlight(std::optional<std::int64_t> row);
     std::optional<std::int64_t> rowForKey(const UIKey& key) const;

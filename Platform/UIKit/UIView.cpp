@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <utility>
 
 namespace UIKit {
@@ -32,6 +33,30 @@ AnimatedValues valuesOf(const UIColor* color) {
     const CGColor values = color ? color->cgColor() : CGColor{0.0, 0.0, 0.0, 0.0};
     return {values.red, values.green, values.blue, values.alpha};
 }
+
+// A tree has moved as a whole: all in it must hear of that, also after one of them has thrown.
+class FirstException {
+public:
+    template <class Call>
+    void catchFrom(Call call) {
+        try {
+            call();
+        } catch (...) {
+            if (!exception_) {
+                exception_ = std::current_exception();
+            }
+        }
+    }
+
+    void passOn() const {
+        if (exception_) {
+            std::rethrow_exception(exception_);
+        }
+    }
+
+private:
+    std::exception_ptr exception_;
+};
 
 bool isPlain(const UIColor* color) { return !color || !color->patternImage(); }
 
@@ -198,12 +223,22 @@ std::shared_ptr<UIWindow> UIView::window() const {
 
 const std::vector<std::shared_ptr<UIView>>& UIView::subviews() const { return subviews_; }
 
-void UIView::addSubview(const std::shared_ptr<UIView>& view) { insertSubview(view, subviews_.size()); }
+UIView::PlaceRange UIView::placesFor(const UIView& view) const {
+    return {0, subviews_.size() - (view.superview_ == this ? 1 : 0)};
+}
+
+std::size_t UIView::placeFor(const UIView& view, std::size_t wanted) const {
+    const PlaceRange places = placesFor(view);
+    return std::clamp(wanted, places.back, places.front);
+}
+
+void UIView::addSubview(const std::shared_ptr<UIView>& view) {
+    require(view, "view", "addSubview:");
+    insertSubview(view, subviews_.size());
+}
 
 void UIView::insertSubview(const std::shared_ptr<UIView>& view, std::size_t index) {
-    if (!view) {
-        Foundation::fatalError("Adding no view as a subview of '" + isa().name() + "'");
-    }
+    require(view, "view", "insertSubview:atIndex:");
     if (view->isWindow_) {
         Foundation::fatalError("Adding a window as a subview of '" + isa().name() + "'");
     }
@@ -224,8 +259,7 @@ void UIView::insertSubview(const std::shared_ptr<UIView>& view, std::size_t inde
     const UIWindow* oldWindow = added->containingWindow();
     added->invalidateExtent();
     added->detach();
-    subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews_.size())),
-                     added);
+    subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(placeFor(*added, index)), added);
     added->superview_ = this;
     added->invalidateExtent();
     if (oldWindow != containingWindow()) {
@@ -242,7 +276,7 @@ void UIView::moveSubview(const std::shared_ptr<UIView>& view, std::size_t index)
     if (from == subviews_.end()) {
         return;
     }
-    const auto to = subviews_.begin() + static_cast<std::ptrdiff_t>(std::min(index, subviews_.size() - 1));
+    const auto to = subviews_.begin() + static_cast<std::ptrdiff_t>(placeFor(**from, index));
     if (from == to) {
         return;
     }
@@ -267,12 +301,14 @@ void UIView::removeFromSuperview() {
     const bool wasInWindow = containingWindow() != nullptr;
     invalidateExtent();
     detach();
+    FirstException exception;
     if (wasInWindow) {
-        notifyMovedToWindow();
+        exception.catchFrom([this] { notifyMovedToWindow(); });
     }
     if (left) {
-        left->removeModalViewsOf(*this);
+        exception.catchFrom([&] { left->removeModalViewsOf(*this); });
     }
+    exception.passOn();
 }
 
 bool UIView::isDescendantOfView(const UIView& view) const {
@@ -295,12 +331,14 @@ void UIView::detach() {
 void UIView::notifyMovedToWindow() {
     const UIWindow* newWindow = containingWindow();
     const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
-    didMoveToWindow();
+    FirstException exception;
+    exception.catchFrom([this] { didMoveToWindow(); });
     for (const std::shared_ptr<UIView>& subview : subviews) {
         if (subview->superview_ == this && containingWindow() == newWindow) {
-            subview->notifyMovedToWindow();
+            exception.catchFrom([&subview] { subview->notifyMovedToWindow(); });
         }
     }
+    exception.passOn();
 }
 
 UIWindow* UIView::containingWindow() const {

@@ -22,7 +22,8 @@ struct UIKey;
 
 /// A rectangle on the screen with views of its own on top. A view owns its subviews and refers weakly to its
 /// superview. Setting a property sets the model, which is what reads see; inside an animation the
-/// presentation, which is what is drawn, travels there. All coordinates are points, y downwards.
+/// presentation, which is what is drawn and what `presentedFrame` and `presentedAlpha` tell, travels there.
+/// All coordinates are points, y downwards.
 class UIView : public Foundation::NSObject {
 public:
     static const Foundation::Class& classObject();
@@ -36,6 +37,10 @@ public:
     /// bounds to fit.
     virtual CoreGraphics::CGRect frame() const;
     virtual void setFrame(const CoreGraphics::CGRect& frame);
+
+    /// The frame as it is shown at present: on its way while an animation takes it to `frame`. Moves on with
+    /// each turn of the run loop.
+    CoreGraphics::CGRect presentedFrame() const { return presentedGeometry().frame(); }
 
     /// The rectangle in the view's own coordinates. A new size keeps the centre and resizes the subviews by
     /// their autoresizing masks; so does a new frame.
@@ -67,8 +72,8 @@ public:
     /// From back to front. Copy it before calling anything that may change it.
     virtual const std::vector<std::shared_ptr<UIView>>& subviews() const;
 
-    /// Puts `view` on top, taking it out of where it was. Adding nothing, a window, the view itself or one
-    /// that contains it is a fatal report.
+    /// Puts `view` on top, taking it out of where it was; in a window, on top of all but what is presented
+    /// there. Adding nothing, a window, the view itself or one that contains it is a fatal report.
     virtual void addSubview(const std::shared_ptr<UIView>& view);
 
     /// The same at a place among the subviews, 0 at the back; one beyond the end is the top.
@@ -88,6 +93,12 @@ public:
     /// it fade as one.
     virtual CoreGraphics::CGFloat alpha() const;
     virtual void setAlpha(CoreGraphics::CGFloat alpha);
+
+    /// The alpha as it is shown at present, as `presentedFrame` is; of this view alone, whatever fades around
+    /// it.
+    CoreGraphics::CGFloat presentedAlpha() const {
+        return animations_.isEmpty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
+    }
 
     virtual bool isHidden() const;
     virtual void setHidden(bool hidden);
@@ -149,7 +160,8 @@ public:
     /// `completion` is called exactly once, by the current run loop and never from inside this call: with
     /// true when the time has passed, or as soon as the loop turns where nothing changed; with false when
     /// another change took one of the properties over or a view is gone. A loop that is destroyed first lets
-    /// go of it without a call.
+    /// go of it without a call. An exception from `animations` passes through: what was changed before it
+    /// travels, and the completion is called.
     static void animateWithDuration(double duration, double delay, UIViewAnimationOptions options,
                                     const std::function<void()>& animations,
                                     std::function<void(bool finished)> completion = nullptr);
@@ -191,9 +203,6 @@ private:
 
     // Inline, for drawing asks every view each time, and hardly ever one that moves.
     ViewGeometry presentedGeometry() const { return animations_.isEmpty() ? geometry_ : animatedGeometry(); }
-    CoreGraphics::CGFloat presentedAlpha() const {
-        return animations_.isEmpty() ? alpha_ : presentedValues(AnimatedProperty::Alpha)[0];
-    }
 
     template <class Change>
     void change(AnimatedProperty property, Change&& change);
@@ -209,6 +218,14 @@ private:
     CoreGraphics::CGRect presentedExtent() const;
     bool reachesInto(const CoreGraphics::CGRect& area) const;
 
+    /// Where among the other subviews one may stand: behind all of them at 0.
+    struct PlaceRange {
+        std::size_t back;
+        std::size_t front;
+    };
+
+    virtual PlaceRange placesFor(const UIView& view) const;
+    std::size_t placeFor(const UIView& view, std::size_t wanted) const;
     UIWindow* containingWindow() const;
     void moveSubview(const std::shared_ptr<UIView>& view, std::size_t index);
     void detach();

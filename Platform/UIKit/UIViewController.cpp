@@ -4,6 +4,7 @@
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSBundle.h"
 #include "Platform/Foundation/NSCoder.h"
+#include "Platform/Foundation/ScopeExit.h"
 #include "Platform/UIKit/UIPopoverPresentationController.h"
 #include "Platform/UIKit/UIWindow.h"
 
@@ -72,14 +73,18 @@ void UIViewController::dealloc() {
 std::shared_ptr<UIView> UIViewController::view() {
     if (!view_ && !isLoadingView_) {
         const std::shared_ptr<UIViewController> alive = self(this);
-        isLoadingView_ = true;
-        loadView();
-        isLoadingView_ = false;
+        loadViewOnce();
         if (view_) {
             viewDidLoad();
         }
     }
     return view_;
+}
+
+void UIViewController::loadViewOnce() {
+    isLoadingView_ = true;
+    const Foundation::ScopeExit end([this] { isLoadingView_ = false; });
+    loadView();
 }
 
 void UIViewController::setView(const std::shared_ptr<UIView>& view) { std::shared_ptr(view).swap(view_); }
@@ -127,33 +132,47 @@ const std::shared_ptr<UIPresentationController>& UIViewController::presentationC
 
 void UIViewController::presentViewController(const std::shared_ptr<UIViewController>& controller,
                                              bool animated, std::function<void()> completion) {
-    if (!controller) {
-        Foundation::fatalError("Presenting no view controller over '" + isa().name() + "'");
-    }
+    require(controller, "view controller", "presentViewController:animated:completion:");
     const std::shared_ptr<UIViewController> alive = self(this);
     const std::shared_ptr<UIViewController> presented = controller;
     endDismissal(presentedViewController_);
     endDismissal(presented);
-    if (!mayPresent(*presented)) {
+    // All that a subclass may answer comes before what is asked of the two.
+    const std::shared_ptr<UIView> owner = view();
+    const std::shared_ptr<UIPresentationController> presentation = presented->presentationController();
+    if (!mayPresent(*presented, owner.get())) {
         return;
     }
     presentedViewController_ = presented;
     presented->presentingViewController_ = alive;
-    const std::shared_ptr<UIPresentationController> presentation = presented->presentationController();
     presentation->present(alive, animated, std::move(completion));
 }
 
-bool UIViewController::mayPresent(const UIViewController& controller) const {
+bool UIViewController::mayPresent(const UIViewController& controller, const UIView* owner) const {
+    if (isPresentedOver(controller)) {
+        Foundation::fatalError("'presentViewController:animated:completion:' of class '" + isa().name() +
+                               "' would present a view controller of class '" + controller.isa().name() +
+                               "' over itself");
+    }
     if (presentedViewController_) {
         return warn(controller, *this, "which is presenting already");
     }
-    if (&controller == this || controller.presentingViewController()) {
+    if (controller.presentingViewController()) {
         return warn(controller, *this, "which is presented already");
     }
-    if (!view_ || !view_->window()) {
+    if (!owner || !owner->window()) {
         return warn(controller, *this, "whose view is in no window");
     }
     return true;
+}
+
+// True for the controller itself too.
+bool UIViewController::isPresentedOver(const UIViewController& controller) const {
+    if (this == &controller) {
+        return true;
+    }
+    const std::shared_ptr<UIViewController> presenting = presentingViewController();
+    return presenting && presenting->isPresentedOver(controller);
 }
 
 std::shared_ptr<UIPresentationController> UIViewController::runningPresentation() const {

@@ -59,7 +59,9 @@ public:
     /// Shows `controller` over this one, whose root view must be in a window, in its own style. `completion`
     /// is called by the run loop when it is there. Writes one warning line to standard error and does nothing
     /// else where either of the two is in a presentation already, or there is no window. A presentation that
-    /// is just fading out is over at once. Nothing to present is a fatal report.
+    /// is just fading out is over at once. Nothing to present is a fatal report, and so is this controller or
+    /// one that it is presented over. An exception that a callback throws meanwhile passes through, and
+    /// nothing is presented.
     virtual void presentViewController(const std::shared_ptr<UIViewController>& controller, bool animated,
                                        std::function<void()> completion);
 
@@ -80,7 +82,9 @@ protected:
 private:
     friend class UIPresentationController;
 
-    bool mayPresent(const UIViewController& controller) const;
+    void loadViewOnce();
+    bool mayPresent(const UIViewController& controller, const UIView* owner) const;
+    bool isPresentedOver(const UIViewController& controller) const;
     const std::shared_ptr<UIPresentationController>& presentationController();
     std::shared_ptr<UIPresentationController> runningPresentation() const;
     static void endDismissal(const std::shared_ptr<UIViewController>& presented);

@@ -3,6 +3,7 @@
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSRunLoop.h"
+#include "Platform/Foundation/ScopeExit.h"
 #include "Platform/UIKit/ViewRenderer.h"
 
 #include <algorithm>
@@ -148,6 +149,8 @@ bool UIWindow::sendKey(const UIKey& key) {
 }
 
 void UIWindow::addModalView(const std::shared_ptr<UIView>& view, const std::shared_ptr<UIView>& owner) {
+    require(view, "view", "addModalView");
+    require(owner, "owner", "addModalView");
     std::erase_if(modalViews_, [](const ModalView& each) { return each.view.expired(); });
     modalViews_.push_back({view, owner});
     addSubview(view);
@@ -161,6 +164,25 @@ std::shared_ptr<UIView> UIWindow::modalView() const {
         }
     }
     return nullptr;
+}
+
+bool UIWindow::isModal(const UIView& view) const {
+    return view.isUserInteractionEnabled() &&
+           std::any_of(modalViews_.begin(), modalViews_.end(),
+                       [&view](const ModalView& each) { return each.view.lock().get() == &view; });
+}
+
+// The modal views in front, the others behind.
+UIView::PlaceRange UIWindow::placesFor(const UIView& view) const {
+    std::size_t behind = 0;
+    std::size_t all = 0;
+    for (const std::shared_ptr<UIView>& each : subviews_) {
+        if (each.get() != &view) {
+            behind += isModal(*each) ? 0 : 1;
+            ++all;
+        }
+    }
+    return isModal(view) ? PlaceRange{behind, all} : PlaceRange{0, behind};
 }
 
 void UIWindow::removeModalViewsOf(const UIView& subtree) {
@@ -205,14 +227,24 @@ void UIWindow::damage(const CGRect& rect) {
 void UIWindow::display(CGContext& context) {
     const DamageRegion damage = damage_;
     damage_.clear();
-    for (const CGRect& rect : damage.rects()) {
-        context.saveState();
-        context.clipToRect(rect);
-        context.clearRect(rect);
-        if (isVisible()) {
-            ViewRenderer(context).draw(*this, rect);
+    std::size_t drawn = 0;
+    const Foundation::ScopeExit end([&] {
+        for (const CGRect& rect : damage.rects().subspan(drawn)) {
+            damage_.add(rect);
         }
-        context.restoreState();
+    });
+    for (; drawn < damage.rects().size(); ++drawn) {
+        displayRect(damage.rects()[drawn], context);
+    }
+}
+
+void UIWindow::displayRect(const CGRect& rect, CGContext& context) {
+    context.saveState();
+    const Foundation::ScopeExit end([&context] { context.restoreState(); });
+    context.clipToRect(rect);
+    context.clearRect(rect);
+    if (isVisible()) {
+        ViewRenderer(context).draw(*this, rect);
     }
 }
 

@@ -38,8 +38,9 @@ public:
     /// while there is no such view.
     bool sendKey(const UIKey& key);
 
-    /// Puts `view` over all others and in front of them for keys and the wheel, until it is taken out or
-    /// takes no touches any more. It is taken out when `owner`, another view in this window, is.
+    /// Puts `view` over all others, those that are added or raised later too, and in front of them for keys
+    /// and the wheel, until it is taken out or takes no touches any more. It is taken out when `owner`,
+    /// another view in this window, is.
     void addModalView(const std::shared_ptr<UIView>& view, const std::shared_ptr<UIView>& owner);
 
     /// The modal view on top; nothing when there is none.
@@ -60,7 +61,8 @@ public:
     void setNeedsDisplayEverywhere();
 
     /// Draws each damaged rectangle, clipped to it and cleared first, and forgets the damage. `context` is in
-    /// the window's coordinates. Allocates nothing.
+    /// the window's coordinates. Allocates nothing. An exception from a view passes through: what has not
+    /// been drawn stays damaged, and what the window saved of the context is restored.
     void display(CoreGraphics::CGContext& context);
 
 protected:
@@ -81,6 +83,9 @@ private:
     };
 
     void damage(const CoreGraphics::CGRect& rect);
+    void displayRect(const CoreGraphics::CGRect& rect, CoreGraphics::CGContext& context);
+    bool isModal(const UIView& view) const;
+    PlaceRange placesFor(const UIView& view) const override;
     void removeModalViewsOf(const UIView& subtree);
     std::vector<Capture>::iterator findCapture(UITouchIdentifier identifier);
     void cancel(std::vector<Capture>::iterator found);

@@ -1,5 +1,6 @@
 #include "Platform/UIKit/ViewRenderer.h"
 
+#include "Platform/Foundation/ScopeExit.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIImage.h"
 #include "Platform/UIKit/UIView.h"
@@ -25,8 +26,8 @@ void ViewRenderer::draw(UIView& view, const CGRect& dirty, const CGRect& dirtyCo
     const CGFloat alpha = view.presentedAlpha();
     if (alpha < 1.0) {
         context_.beginGroup(alpha, view.presentedExtent());
+        const Foundation::ScopeExit end([this] { context_.endGroup(); });
         drawContents(view, dirty, dirtyContent);
-        context_.endGroup();
     } else {
         drawContents(view, dirty, dirtyContent);
     }
@@ -60,9 +61,9 @@ void ViewRenderer::drawSubview(UIView& view, const CGRect& dirtyInSuperview) {
         return;
     }
     context_.saveState();
+    const Foundation::ScopeExit end([this] { context_.restoreState(); });
     context_.concatenate(geometry.toSuperview());
     draw(view, *dirty, dirtyContent);
-    context_.restoreState();
 }
 
 void ViewRenderer::drawBackground(const UIView& view, const CGRect& bounds) {

@@ -169,6 +169,21 @@ TEST(CGGeometry, AnEmptyRectangleAddsNothingToAUnion) {
     EXPECT_EQ(CGRectUnion(CGRectMake(4, 4, -2, -2), {}), CGRectMake(2, 2, 2, 2));
 }
 
+TEST(CGGeometry, AnIntersectionShorterThanOneReachesBeyondNeither) {
+    // Both differences round up.
+    const CGRect a = CGRectMake(-0.01, -1.0, 5.0, 1.03);
+    const CGRect b = CGRectMake(-1.0, -0.02, 1.12, 5.0);
+    const CGRect shared = CGRectIntersection(a, b);
+    EXPECT_TRUE(CGRectContainsRect(a, shared) && CGRectContainsRect(b, shared));
+    for (int start = 1; start < 100; ++start) {
+        for (int end = 1; start + end < 100; ++end) {
+            const CGRect left = CGRectMake(-1.0, 0.0, 1.0 + end / 100.0, 1.0);
+            const CGRect right = CGRectMake(-start / 100.0, 0.0, 1.0, 1.0);
+            EXPECT_TRUE(CGRectContainsRect(left, CGRectIntersection(left, right))) << start << " " << end;
+        }
+    }
+}
+
 TEST(CGGeometry, UnionAndIntersectionKeepTheirPromisesInSpiteOfRounding) {
     Rectangles rectangles;
     for (int round = 0; round < 20000; ++round) {

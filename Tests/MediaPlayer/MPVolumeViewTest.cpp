@@ -54,11 +54,11 @@ protected:
     MPVolumeViewTest() {
         view->setShowsVolumeSlider(false);
         host.window()->addSubview(view);
-        MPRouteProvider::install(provider);
+        MPRouteProvider::install(provider, host.window());
         host.draw();
     }
 
-    ~MPVolumeViewTest() override { MPRouteProvider::install(nullptr); }
+    ~MPVolumeViewTest() override { MPRouteProvider::install(nullptr, host.window()); }
 
     bool drawsAnything() {
         host.window()->setNeedsDisplayEverywhere();
@@ -87,22 +87,68 @@ TEST_F(MPVolumeViewTest, ShowsTheButtonOnlyWhenThereIsAChoice) {
     EXPECT_FALSE(drawsAnything());
 }
 
-TEST_F(MPVolumeViewTest, AViewMadeLaterShowsTheButtonAtOnce) {
+TEST_F(MPVolumeViewTest, AViewAddedLaterShowsTheButtonAtOnceAndOutsideNoMore) {
     provider->setRoutes({here, kitchen});
-    EXPECT_TRUE(make<MPVolumeView>()->isRouteButtonVisible());
+    const auto later = make<MPVolumeView>();
+    EXPECT_FALSE(later->isRouteButtonVisible());
+    host.window()->addSubview(later);
+    EXPECT_TRUE(later->isRouteButtonVisible());
+    later->removeFromSuperview();
+    EXPECT_FALSE(later->isRouteButtonVisible());
 }
 
-TEST_F(MPVolumeViewTest, FollowsTheInstalledProvider) {
+TEST_F(MPVolumeViewTest, FollowsTheProviderThatIsInstalledAroundIt) {
     provider->setRoutes({here, kitchen});
     const auto other = std::make_shared<TestProvider>();
-    MPRouteProvider::install(other);
+    MPRouteProvider::install(other, host.window());
     EXPECT_FALSE(view->isRouteButtonVisible());
     provider->setRoutes({here, kitchen});
     EXPECT_FALSE(view->isRouteButtonVisible());
-    MPRouteProvider::install(provider);
+    MPRouteProvider::install(provider, host.window());
     EXPECT_TRUE(view->isRouteButtonVisible());
-    MPRouteProvider::install(nullptr);
+    MPRouteProvider::install(nullptr, host.window());
     EXPECT_FALSE(view->isRouteButtonVisible());
+}
+
+TEST_F(MPVolumeViewTest, EachHalfOfAWindowAsksItsOwnProvider) {
+    const auto left = make<UIKit::UIView>(CGRectMake(0, 0, 150, 100));
+    const auto right = make<UIKit::UIView>(CGRectMake(150, 0, 150, 100));
+    host.window()->addSubview(left);
+    host.window()->addSubview(right);
+    const auto rightView = make<MPVolumeView>(CGRectMake(20, 30, 60, 40));
+    left->addSubview(view);
+    right->addSubview(rightView);
+    const auto rightProvider = std::make_shared<TestProvider>();
+    MPRouteProvider::install(nullptr, host.window());
+    MPRouteProvider::install(provider, left);
+    MPRouteProvider::install(rightProvider, right);
+    provider->setRoutes({here, kitchen});
+    EXPECT_TRUE(view->isRouteButtonVisible());
+    EXPECT_FALSE(rightView->isRouteButtonVisible());
+    rightProvider->setRoutes({here, kitchen});
+    host.tap({50, 50});
+    EXPECT_EQ(provider->askedFrom, std::vector<MPVolumeView*>{view.get()});
+    EXPECT_TRUE(rightProvider->askedFrom.empty());
+    host.tap({200, 50});
+    EXPECT_EQ(rightProvider->askedFrom, std::vector<MPVolumeView*>{rightView.get()});
+    EXPECT_EQ(provider->askedFrom.size(), 1U);
+}
+
+TEST_F(MPVolumeViewTest, NearestProviderIsAskedWhileItIsAlive) {
+    const auto half = make<UIKit::UIView>(CGRectMake(0, 0, 150, 100));
+    host.window()->addSubview(half);
+    half->addSubview(view);
+    auto nearest = std::make_shared<TestProvider>();
+    MPRouteProvider::install(nearest, half);
+    EXPECT_EQ(MPRouteProvider::providerFor(*view), nearest);
+    EXPECT_EQ(MPRouteProvider::providerFor(*host.window()), provider);
+    nearest = nullptr;
+    EXPECT_EQ(MPRouteProvider::providerFor(*view), provider);
+}
+
+TEST(MPRouteProviderDeathTest, ProviderWithoutAViewIsReported) {
+    EXPECT_DEATH(MPRouteProvider::install(std::make_shared<TestProvider>(), nullptr),
+                 "A route provider is installed in a view");
 }
 
 TEST_F(MPVolumeViewTest, ATapAsksTheProvider) {
@@ -136,9 +182,11 @@ TEST_F(MPVolumeViewTest, RoutesThatGoInMidTouchTakeTheButtonAway) {
 TEST_F(MPVolumeViewTest, TheProviderIsHeldWeakly) {
     provider->setRoutes({here, kitchen});
     provider = nullptr;
-    EXPECT_EQ(MPRouteProvider::installed(), nullptr);
+    EXPECT_EQ(MPRouteProvider::providerFor(*view), nullptr);
     host.tap({50, 50});
-    EXPECT_FALSE(make<MPVolumeView>()->isRouteButtonVisible());
+    view->removeFromSuperview();
+    host.window()->addSubview(view);
+    EXPECT_FALSE(view->isRouteButtonVisible());
 }
 
 TEST_F(MPVolumeViewTest, TheProviderMayTearDownTheViewAndItself) {
@@ -172,6 +220,7 @@ TEST_F(MPVolumeViewTest, RemembersWhetherAVolumeSliderIsWanted) {
 
 TEST_F(MPVolumeViewTest, FitsInAnyStateAndShrunkStandsInTheMiddleOfABar) {
     const auto fitted = make<MPVolumeView>();
+    host.window()->addSubview(fitted);
     fitted->sizeToFit();
     const CGRect whole = fitted->frame();
     EXPECT_EQ(whole.origin, (CGPoint{0, 0}));
@@ -199,6 +248,7 @@ TEST_F(MPVolumeViewTest, AShrunkButtonIsTouchedWhereItShows) {
 TEST_F(MPVolumeViewTest, AShrunkButtonTakesTouchesAllOverTheHeightOfABar) {
     provider->setRoutes({here, kitchen});
     auto fitted = make<MPVolumeView>();
+    host.window()->addSubview(fitted);
     fitted->sizeToFit();
     fitted->setTransform(CGAffineTransformMakeScale(0.8, 0.8));
     const CGRect shrunk = fitted->frame();

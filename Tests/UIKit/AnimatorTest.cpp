@@ -83,6 +83,27 @@ void expectNear(const CGRect& actual, const CGRect& expected) {
 
 // Model and presentation
 
+TEST_F(AnimatorTest, WhatIsPresentedIsWhatIsDrawn) {
+    view->setTransform(CGAffineTransformMakeScale(2.0, 1.0));
+    view->setAlpha(0.75);
+    host.advance(0.0);
+    EXPECT_EQ(view->presentedFrame(), view->frame());
+    EXPECT_EQ(view->presentedAlpha(), 0.75);
+    animate(1.0, [this] {
+        view->setCenter({100.0, 40.0});
+        view->setTransform(CGAffineTransformMakeScale(1.0, 3.0));
+        view->setAlpha(0.25);
+    });
+    for (int quarter = 0; quarter < 4; ++quarter) {
+        EXPECT_NEAR(view->presentedAlpha(), 0.75 - 0.125 * quarter, 1e-9);
+        EXPECT_EQ(view->presentedAlpha(), shownAlpha());
+        expectNear(view->presentedFrame(), shownFrame());
+        host.advance(0.25);
+    }
+    EXPECT_EQ(view->presentedFrame(), view->frame());
+    EXPECT_EQ(view->presentedAlpha(), 0.25);
+}
+
 TEST_F(AnimatorTest, ModelIsThereAtOnceAndThePresentationTravels) {
     animate(0.5, [&] { view->setAlpha(0.5); });
     EXPECT_EQ(view->alpha(), 0.5);

@@ -3,7 +3,7 @@
 #include "Platform/CoreGraphics/CGContext.h"
 
 /// A context that draws nowhere.
-class NullContext final : public CoreGraphics::CGContext {
+class NullContext : public CoreGraphics::CGContext {
 public:
     void saveState() override {}
     void restoreState() override {}

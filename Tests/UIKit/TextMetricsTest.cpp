@@ -1,6 +1,7 @@
 #include "Platform/UIKit/TextMetrics.h"
 
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 
@@ -43,6 +44,14 @@ TEST(TextMetricsTest, BytesThatAreNoTextCountAsSomething) {
     EXPECT_GT(estimatedTextWidth("\xE6\x92", font), 0.0);
     EXPECT_GT(estimatedTextWidth("\xF0", font), 0.0);
     EXPECT_GT(estimatedTextWidth("\x80", font), 0.0);
+}
+
+TEST(TextMetricsTest, ABrokenCharacterTakesNothingOfWhatFollows) {
+    const CGFloat broken = estimatedTextWidth("\xE6", font);
+    for (const std::string lead : {"\xC3", "\xE6", "\xE6\x92", "\xF0", "\xF0\x9F\x8E"}) {
+        EXPECT_NEAR(estimatedTextWidth(lead + "mmm", font), broken + estimatedTextWidth("mmm", font), 1e-9);
+        EXPECT_NEAR(estimatedTextWidth(lead + "放", font), broken + 10.0, 1e-9);
+    }
 }
 
 TEST(TextMetricsTest, ALineIsHigherThanItsFont) { EXPECT_GT(estimatedLineHeight(font), 10.0); }

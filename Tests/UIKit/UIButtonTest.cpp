@@ -2,6 +2,7 @@
 
 #include "Platform/CoreGraphics/CGImage.h"
 #include "Platform/Foundation/Message.h"
+#include "Platform/UIKit/TextMetrics.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIFont.h"
 #include "Tests/CoreGraphics/AllocationCounter.h"
@@ -227,6 +228,20 @@ TEST_F(UIButtonTest, FitsWhatItShowsAndAFinger) {
     EXPECT_EQ(button->sizeThatFits({}), (CGSize{44, 60}));
     button->setTitle("Play the film", UIControlStateNormal);
     EXPECT_GT(button->sizeThatFits({}).width, 24.0 + 13 * 0.3 * 15.0);
+}
+
+TEST_F(UIButtonTest, ImageAndTitleNeedRoomBesideEachOtherAndBetween) {
+    const CGFont big{100.0, CGFontWeight::Regular};
+    button->setFont(UIFont::systemFontOfSize(100.0, UIFontWeightRegular));
+    button->setTitle("Play", UIControlStateNormal);
+    const CGFloat title = estimatedTextWidth("Play", big);
+    EXPECT_EQ(button->sizeThatFits({}),
+              (CGSize{std::ceil(title + 8.0), std::ceil(estimatedLineHeight(big))}));
+    button->setImage(makeImage({24, 60}), UIControlStateNormal);
+    EXPECT_EQ(button->sizeThatFits({}),
+              (CGSize{std::ceil(24.0 + 4.0 + title + 8.0), std::ceil(estimatedLineHeight(big))}));
+    button->setImage(makeImage({24, 160}), UIControlStateNormal);
+    EXPECT_EQ(button->sizeThatFits({}).height, 160.0);
 }
 
 // Looks

@@ -445,4 +445,10 @@ TEST_F(UIControlTest, OperationsAreReachedByName) {
     EXPECT_FALSE(control->send<bool>("enabled"));
 }
 
+TEST(UIControlDeathTest, ATargetThatIsNoneIsReported) {
+    EXPECT_DEATH(
+        make<UIControl>()->addTarget(nullptr, "tell", UIControlEventTouchDown),
+        "Fatal error: No target for 'addTarget:action:forControlEvents:' of class 'UIKit.UIControl'");
+}
+
 } // namespace

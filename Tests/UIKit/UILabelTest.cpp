@@ -42,6 +42,15 @@ TEST_F(UILabelTest, AnAbsentTextStaysAbsentAndAnEmptyOneEmpty) {
     EXPECT_TRUE(drawnBy<CGDrawing::DrawText>(*label).empty());
 }
 
+TEST_F(UILabelTest, NoTextNeedsNoRoom) {
+    EXPECT_EQ(label->sizeThatFits({}), CGSize{});
+    label->setText("");
+    EXPECT_EQ(label->sizeThatFits({}), CGSize{});
+    EXPECT_EQ(label->sizeThatFits({100, 100}), CGSize{});
+    label->setText("i");
+    EXPECT_GT(label->sizeThatFits({}).height, 0.0);
+}
+
 TEST_F(UILabelTest, DrawsItsTextInOneWhiteLineFromItsStart) {
     label->setText("01:23");
     EXPECT_EQ(drawn(), (CGDrawing::DrawText{"01:23",

@@ -285,6 +285,22 @@ TEST_F(PopoverTest, FadesInAndOut) {
     EXPECT_LT(alphaOf(), 1.0);
 }
 
+TEST_F(PopoverTest, ItsOutlineLiesInsideWhatIsMarkedAsChanged) {
+    for (const CGFloat anchorTop : {0.0, 200.0}) {
+        anchor->setFrame(CGRectMake(200, anchorTop, 40, 40));
+        show();
+        host.advance(1.0);
+        const auto popover = presented->view()->superview()->superview();
+        const auto strokes = drawnBy<CGDrawing::StrokePath>(*popover);
+        ASSERT_EQ(strokes.size(), 1U);
+        const CGFloat outside = strokes[0].stroke.width / 2.0;
+        const CGRect drawn = CGRectInset(strokes[0].path.boundingBox(), -outside, -outside);
+        EXPECT_TRUE(CGRectContainsRect(popover->bounds(), drawn))
+            << testing::PrintToString(drawn) << " in " << testing::PrintToString(popover->bounds());
+        presented->dismissViewControllerAnimated(false, nullptr);
+    }
+}
+
 TEST_F(PopoverTest, AnOpenPopoverAtRestCostsNothing) {
     show();
     host.advance(1.0);

@@ -645,6 +645,21 @@ TEST_F(UISliderTest, AThumbImageTooLargeIsShrunkInItsShape) {
     EXPECT_EQ(drawn.size, (CGSize{20, 40}));
 }
 
+TEST_F(UISliderTest, ANewImageIsDrawn) {
+    const auto isDrawnAfter = [this](const std::function<void()>& change) {
+        host.draw();
+        change();
+        return host.window()->needsDisplay();
+    };
+    EXPECT_TRUE(isDrawnAfter([this] { slider->setThumbImage(makeImage({20, 20}), UIControlStateNormal); }));
+    EXPECT_TRUE(isDrawnAfter([this] {
+        slider->setMinimumTrackImage(makeImage({10, 6}), UIControlStateNormal);
+    }));
+    EXPECT_TRUE(isDrawnAfter([this] {
+        slider->setMaximumTrackImage(makeImage({10, 6}), UIControlStateNormal);
+    }));
+}
+
 TEST_F(UISliderTest, TrackImagesFillTheTrackAndAreCutAtTheThumb) {
     slider->setMinimumTrackImage(makeImage({10, 6}), UIControlStateNormal);
     slider->setMaximumTrackImage(makeImage({10, 8}), UIControlStateNormal);

@@ -706,6 +706,20 @@ TEST_F(UITableViewTest, UpBeginsAtTheLastRowInSight) {
     EXPECT_EQ(table->contentOffset(), 5 * 44.0 - 198.0);
 }
 
+TEST_F(UITableViewTest, PageUpBeginsAPageAboveTheLastRowInSight) {
+    show({1000});
+    table->setContentOffset(20 * 44.0);
+    press(UIKeyboardHIDUsage::PageUp);
+    EXPECT_THAT(highlighted(), ElementsAre(20));
+}
+
+TEST_F(UITableViewTest, PageDownBeginsAPageBelowTheFirstRowInSight) {
+    show({1000});
+    table->setContentOffset(20 * 44.0);
+    press(UIKeyboardHIDUsage::PageDown);
+    EXPECT_THAT(highlighted(), ElementsAre(24));
+}
+
 TEST_F(UITableViewTest, HomeEndAndThePageKeysGoFurther) {
     show({1000});
     press(UIKeyboardHIDUsage::End);

@@ -219,13 +219,11 @@ TEST_F(PresentationTest, WhatIsPresentedOrPresentingAlreadyIsLeftWithAWarning) {
     EXPECT_EQ(completions, 0);
 }
 
-TEST_F(PresentationTest, OverItselfOrOutsideAWindowNothingIsPresented) {
-    EXPECT_NE(warnings([&] { presenting->presentViewController(presenting, true, count); }), "");
+TEST_F(PresentationTest, OutsideAWindowNothingIsPresented) {
     const auto outside = make<UIViewController>();
     EXPECT_EQ(warnings([&] { outside->presentViewController(presented, true, count); }),
               "Warning: attempt to present 'UIKit.UIViewController' over 'UIKit.UIViewController' whose view "
               "is in no window\n");
-    EXPECT_FALSE(outside->isViewLoaded());
     EXPECT_EQ(presented->presentingViewController(), nullptr);
 }
 
@@ -290,7 +288,85 @@ TEST_F(PresentationTest, AControllerWithoutAViewIsNotPresented) {
 
 TEST_F(PresentationDeathTest, PresentingNothingIsReported) {
     EXPECT_DEATH(presenting->presentViewController(nullptr, true, nullptr),
-                 "Fatal error: Presenting no view controller over 'UIKit.UIViewController'");
+                 "Fatal error: No view controller for 'presentViewController:animated:completion:' of class "
+                 "'UIKit.UIViewController'");
+}
+
+TEST_F(PresentationDeathTest, PresentingOneOverItselfIsReported) {
+    const std::string report = "Fatal error: 'presentViewController:animated:completion:' of class "
+                               "'UIKit.UIViewController' would present a view controller of class "
+                               "'UIKit.UIViewController' over itself";
+    EXPECT_DEATH(presenting->presentViewController(presenting, true, nullptr), report);
+    presenting->presentViewController(presented, false, nullptr);
+    EXPECT_DEATH(presented->presentViewController(presenting, true, nullptr), report);
+    const auto third = make<UIViewController>();
+    presented->presentViewController(third, false, nullptr);
+    EXPECT_DEATH(third->presentViewController(presenting, true, nullptr), report);
+}
+
+TEST_F(PresentationTest, AWindowThatGoesAsTheViewAppearsEndsThePresentation) {
+    for (const UIModalPresentationStyle style :
+         {UIModalPresentationStyle::FullScreen, UIModalPresentationStyle::Popover}) {
+        auto window = make<UIWindow>(CGRectMake(0, 0, 320, 240));
+        const auto over = make<UIViewController>();
+        window->addSubview(over->view());
+        const auto root = makeProbe({});
+        root->onWindow = [&window] { window = nullptr; };
+        const auto appearing = make<UIViewController>();
+        appearing->setModalPresentationStyle(style);
+        appearing->setView(root);
+        over->presentViewController(appearing, true, count);
+        EXPECT_EQ(window, nullptr);
+        EXPECT_EQ(over->presentedViewController(), nullptr);
+        EXPECT_EQ(appearing->presentingViewController(), nullptr);
+        EXPECT_EQ(root->window(), nullptr);
+        host.advance(1.0);
+        EXPECT_EQ(completions, 0);
+    }
+}
+
+TEST_F(PresentationTest, AWindowThatGoesWhileTheViewIsLoadedEndsThePresentation) {
+    class Leaving : public UIViewController {
+    public:
+        std::shared_ptr<UIWindow> window;
+        void loadView() override {
+            UIViewController::loadView();
+            window = nullptr;
+        }
+    };
+    const auto leaving = make<Leaving>();
+    leaving->window = make<UIWindow>(CGRectMake(0, 0, 320, 240));
+    const auto over = make<UIViewController>();
+    leaving->window->addSubview(over->view());
+    over->presentViewController(leaving, true, count);
+    EXPECT_EQ(over->presentedViewController(), nullptr);
+    host.advance(1.0);
+    EXPECT_EQ(completions, 0);
+}
+
+/// A controller that has its root view from elsewhere.
+class BorrowingController : public UIViewController {
+public:
+    std::shared_ptr<UIView> borrowed = makeView(CGRectMake(0, 0, 320, 240));
+    std::shared_ptr<UIView> view() override { return borrowed; }
+};
+
+TEST_F(PresentationTest, ControllersWithAViewOfTheirOwnPresentAndArePresented) {
+    const auto over = make<BorrowingController>();
+    const auto borrowing = make<BorrowingController>();
+    host.window()->addSubview(over->borrowed);
+    EXPECT_EQ(warnings([&] { over->presentViewController(borrowing, false, count); }), "");
+    EXPECT_EQ(over->presentedViewController(), borrowing);
+    EXPECT_EQ(borrowing->borrowed->window(), host.window());
+    over->dismissViewControllerAnimated(false, nullptr);
+    EXPECT_EQ(borrowing->borrowed->superview(), nullptr);
+    borrowing->setModalPresentationStyle(UIModalPresentationStyle::Popover);
+    const auto source = makeView(CGRectMake(100, 0, 40, 40));
+    over->borrowed->addSubview(source);
+    borrowing->popoverPresentationController()->setSourceView(source);
+    over->presentViewController(borrowing, false, nullptr);
+    EXPECT_EQ(borrowing->popoverPresentationController()->arrowDirection(), UIPopoverArrowDirectionUp);
+    EXPECT_EQ(borrowing->borrowed->window(), host.window());
 }
 
 } // namespace

@@ -216,7 +216,10 @@ TEST_F(UIViewDeathTest, ThereAreNoCycles) {
     parent->addSubview(view);
     EXPECT_DEATH(parent->addSubview(parent), "Fatal error: Adding a view of class 'UIKit.UIView' to itself");
     EXPECT_DEATH(view->addSubview(parent), "Fatal error: Adding a view of class 'UIKit.UIView' to itself");
-    EXPECT_DEATH(parent->addSubview(nullptr), "Fatal error: Adding no view");
+    EXPECT_DEATH(parent->addSubview(nullptr),
+                 "Fatal error: No view for 'addSubview:' of class 'UIKit.UIView'");
+    EXPECT_DEATH(parent->insertSubview(nullptr, 0),
+                 "Fatal error: No view for 'insertSubview:atIndex:' of class 'UIKit.UIView'");
 }
 
 TEST_F(UIViewDeathTest, WindowIsNobodysSubview) {

@@ -408,4 +408,63 @@ TEST_F(UIWindowTouchTest, HitTestThatTouchesIsNoSurprise) {
     EXPECT_EQ(*log, (Log{"left began 1", "left ended 1"}));
 }
 
+// Modal views
+
+class UIWindowOrderTest : public UIWindowTest {
+protected:
+    UIWindowOrderTest() {
+        window.addSubview(owner);
+        window.addSubview(view);
+        window.addModalView(modal, owner);
+    }
+
+    std::vector<std::shared_ptr<UIView>> order() const { return window.subviews(); }
+
+    std::shared_ptr<UIView> owner = makeView(CGRectMake(0, 0, 100, 100));
+    std::shared_ptr<UIView> modal = makeView(CGRectMake(0, 0, 100, 100));
+    std::shared_ptr<UIView> other = makeView(CGRectMake(0, 0, 50, 50));
+};
+
+TEST_F(UIWindowOrderTest, WhatIsAddedOrRaisedStaysBehindAModalView) {
+    window.addSubview(other);
+    EXPECT_EQ(order(), (std::vector{owner, view, other, modal}));
+    window.bringSubviewToFront(view);
+    EXPECT_EQ(order(), (std::vector{owner, other, view, modal}));
+    window.addSubview(owner);
+    EXPECT_EQ(order(), (std::vector{other, view, owner, modal}));
+    window.insertSubview(other, 3);
+    EXPECT_EQ(order(), (std::vector{view, owner, other, modal}));
+    EXPECT_EQ(window.hitTest({10, 10}), modal);
+}
+
+TEST_F(UIWindowOrderTest, PlacesBehindAModalViewAreTakenAsGiven) {
+    window.insertSubview(other, 1);
+    EXPECT_EQ(order(), (std::vector{owner, other, view, modal}));
+    window.sendSubviewToBack(view);
+    EXPECT_EQ(order(), (std::vector{view, owner, other, modal}));
+}
+
+TEST_F(UIWindowOrderTest, AModalViewIsNotSentBehindTheOthers) {
+    window.sendSubviewToBack(modal);
+    EXPECT_EQ(order(), (std::vector{owner, view, modal}));
+    const auto second = makeView(CGRectMake(0, 0, 100, 100));
+    window.addModalView(second, modal);
+    EXPECT_EQ(order(), (std::vector{owner, view, modal, second}));
+    window.bringSubviewToFront(modal);
+    EXPECT_EQ(order(), (std::vector{owner, view, second, modal}));
+}
+
+TEST_F(UIWindowOrderTest, OverOneThatTakesNoTouchesAnyMoreOthersAreRaised) {
+    modal->setUserInteractionEnabled(false);
+    window.addSubview(other);
+    EXPECT_EQ(order(), (std::vector{owner, view, modal, other}));
+}
+
+TEST_F(UIWindowOrderTest, WithoutViewOrOwnerThereIsNoModalView) {
+    EXPECT_DEATH(window.addModalView(nullptr, owner),
+                 "Fatal error: No view for 'addModalView' of class 'UIKit.UIWindow'");
+    EXPECT_DEATH(window.addModalView(other, nullptr),
+                 "Fatal error: No owner for 'addModalView' of class 'UIKit.UIWindow'");
+}
+
 } // namespace

@@ -5,6 +5,7 @@
 #include "KivUICore/UIElement/UIElement.h"
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/Foundation/FatalError.h"
+#include "Platform/Foundation/ScopeExit.h"
 #include "Platform/MediaPlayer/MPVolumeView.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIGraphics.h"
@@ -105,12 +106,23 @@ std::shared_ptr<UIView> KivBar::superview() const { return superview_; }
 
 // What a setter lets go ends when its successor is in place: whatever its end calls may look here.
 void KivBar::setSuperview(const std::shared_ptr<UIView>& superview) {
+    require(superview, "host view", "setSuperview:");
     std::shared_ptr(superview).swap(superview_);
 }
 
 std::shared_ptr<UIView> KivBar::view() const { return view_; }
 
-void KivBar::setView(const std::shared_ptr<UIView>& view) { std::shared_ptr(view).swap(view_); }
+void KivBar::setView(const std::shared_ptr<UIView>& view) {
+    require(view, "container view", "setView:");
+    std::shared_ptr(view).swap(view_);
+}
+
+// A subclass's accessor may have none.
+std::shared_ptr<UIView> KivBar::container(std::string_view operation) const {
+    std::shared_ptr<UIView> present = view();
+    require(present, "container view", operation);
+    return present;
+}
 
 std::shared_ptr<NSTimer> KivBar::autoHideTimer() const { return autoHideTimer_; }
 
@@ -124,7 +136,12 @@ void KivBar::setDelay(double delay) { delay_ = delay; }
 
 std::optional<KivBar::Elemets> KivBar::elemets() const { return elemets_; }
 
-void KivBar::setElemets(const std::optional<Elemets>& elemets) { std::optional(elemets).swap(elemets_); }
+void KivBar::setElemets(const std::optional<Elemets>& elemets) {
+    for (const std::shared_ptr<UIElement>& element : elemets.value_or(Elemets())) {
+        require(element, "element", "setElemets");
+    }
+    std::optional(elemets).swap(elemets_);
+}
 
 std::optional<CGFloat> KivBar::columnSize() const { return columnSize_; }
 
@@ -145,6 +162,7 @@ void KivBar::startEmpty() {
 }
 
 bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame) {
+    require(superview, "host view", "init(superview:frame:)");
     startEmpty();
     barFrame_ = frame;
     columnSize_ = CGRectGetWidth(frame) / columns_;
@@ -157,6 +175,7 @@ bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame)
 
 bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
                   const std::shared_ptr<UIColor>& backgroundColor) {
+    require(superview, "host view", "init(superview:frame:backgroundColor:)");
     startEmpty();
     superview_ = superview;
     view_ = make<UIView>(frame);
@@ -168,6 +187,7 @@ bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
 
 bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
                   const std::shared_ptr<UIImage>& backgroundImage) {
+    require(superview, "host view", "init(superview:frame:backgroundImage:)");
     startEmpty();
     superview_ = superview;
     view_ = make<UIView>(frame);
@@ -178,6 +198,8 @@ bool KivBar::init(const std::shared_ptr<UIView>& superview, const CGRect& frame,
 }
 
 bool KivBar::init(const std::shared_ptr<UIView>& superview, const std::shared_ptr<UIView>& view) {
+    require(superview, "host view", "init(superview:view:)");
+    require(view, "container view", "init(superview:view:)");
     startEmpty();
     view_ = view;
     superview_ = superview;
@@ -189,26 +211,38 @@ bool KivBar::init() { Foundation::unimplementedInitializer("init()", "KivUICore.
 void KivBar::dealloc() {
     clean();
     NSObject::dealloc();
+    superview_.reset();
+    view_.reset();
+    autoHideTimer_.reset();
+    std::optional<Elemets>().swap(elemets_);
 }
 
 // Background
 
-void KivBar::setBackgroundColor(const std::shared_ptr<UIColor>& color) { view()->setBackgroundColor(color); }
+void KivBar::setBackgroundColor(const std::shared_ptr<UIColor>& color) {
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    const std::shared_ptr<UIColor> taken = color;
+    container("setBackgroundColor:")->setBackgroundColor(taken);
+}
 
 void KivBar::setBackgroundImage(const std::shared_ptr<UIImage>& image) {
-    UIKit::UIGraphicsBeginImageContext(view()->frame().size);
-    if (!image) {
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    const std::shared_ptr<UIImage> drawn = image;
+    UIKit::UIGraphicsBeginImageContext(container("setBackgroundImage:")->frame().size);
+    if (!drawn) {
         return;
     }
-    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
-    image->drawInRect(view()->bounds());
-    const std::shared_ptr<UIImage> stretched = UIKit::UIGraphicsGetImageFromCurrentImageContext();
-    if (!stretched) {
-        Foundation::stopSilently();
+    std::shared_ptr<UIImage> stretched;
+    {
+        const Foundation::ScopeExit end(UIKit::UIGraphicsEndImageContext);
+        drawn->drawInRect(container("setBackgroundImage:")->bounds());
+        stretched = UIKit::UIGraphicsGetImageFromCurrentImageContext();
+        if (!stretched) {
+            Foundation::stopSilently();
+        }
     }
-    UIKit::UIGraphicsEndImageContext();
-    view()->setBackgroundColor(make<UIColor>(stretched));
-    view()->setOpaque(true);
+    container("setBackgroundImage:")->setBackgroundColor(make<UIColor>(stretched));
+    container("setBackgroundImage:")->setOpaque(true);
 }
 
 // Auto-hide and fade
@@ -221,10 +255,10 @@ void KivBar::setAutoHide(double delay) {
 }
 
 void KivBar::resetAutoHide() {
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     if (!(delay() > 0.0)) {
         return;
     }
-    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     if (const std::shared_ptr<NSTimer> timer = autoHideTimer()) {
         timer->invalidate();
     }
@@ -233,13 +267,15 @@ void KivBar::resetAutoHide() {
 }
 
 void KivBar::hide() {
-    if (view()->alpha() != 0.0) {
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    if (container("hide")->alpha() != 0.0) {
         handleAnimationWithAlpha(0.0);
     }
 }
 
 void KivBar::show() {
-    if (view()->alpha() != 1.0) {
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    if (container("show")->alpha() != 1.0) {
         handleAnimationWithAlpha(1.0);
     }
 }
@@ -250,9 +286,9 @@ void KivBar::handleAnimationWithAlpha(CGFloat alpha) {
     UIView::animateWithDuration(
         animationDuration, 0.0, animationOptions,
         [this, alive, alpha] {
-            const std::shared_ptr<UIView> container = view();
-            container->setAlpha(alpha);
-            const std::vector<std::shared_ptr<UIView>> subviews = container->subviews();
+            const std::shared_ptr<UIView> fading = container("handleAnimationWithAlpha");
+            fading->setAlpha(alpha);
+            const std::vector<std::shared_ptr<UIView>> subviews = fading->subviews();
             for (const std::shared_ptr<UIView>& subview : subviews) {
                 subview->setAlpha(alpha);
             }
@@ -270,8 +306,8 @@ void KivBar::updateBarFrameWithFrame(const CGRect& frame) {
     const CGFloat y = isKindOfClass(BottomBar::classObject()) ? CGRectGetHeight(frame) - barHeight() : 0.0;
     const CGRect barRect = CGRectMake(0.0, y, CGRectGetWidth(frame), barHeight());
     const auto layOut = [this, alive = weak_from_this().lock(), barRect] {
-        view()->setFrame(barRect);
-        const std::vector<std::shared_ptr<UIView>> slots = view()->subviews();
+        container("updateBarFrameWithFrame:")->setFrame(barRect);
+        const std::vector<std::shared_ptr<UIView>> slots = container("updateBarFrameWithFrame:")->subviews();
         CGFloat x = 0.0;
         for (std::size_t index = 0; index < slots.size(); ++index) {
             slots[index]->setFrame(relaidSlot(index, barRect.size, x));
@@ -284,13 +320,14 @@ void KivBar::updateBarFrameWithFrame(const CGRect& frame) {
 
 CGFloat KivBar::getCurrentWidth() const {
     CGFloat width = 0.0;
-    for (const std::shared_ptr<UIElement>& element : elemets().value_or(Elemets())) {
+    for (const std::shared_ptr<UIElement>& element : placedElemets()) {
         width += static_cast<CGFloat>(element->size()) * required(columnSize());
     }
     return width;
 }
 
 void KivBar::addElementToView(const std::shared_ptr<UIComponent>& component, std::int64_t size) {
+    require(component, "component", "addElementToView:size:");
     // Taking a control out of where it was may cancel a touch, and whoever hears of that may let both go.
     const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     const std::shared_ptr<UIComponent> placed = component;
@@ -325,8 +362,8 @@ void KivBar::placeFurther(const std::shared_ptr<UIComponent>& component, std::in
 void KivBar::finishPlacing(const std::shared_ptr<UIView>& slot, const std::shared_ptr<UIComponent>& component,
                            std::int64_t size) {
     slot->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleRightMargin);
-    view()->addSubview(slot);
-    Elemets placed = elemets().value_or(Elemets());
+    container("addElementToView:size:")->addSubview(slot);
+    Elemets placed = placedElemets();
     placed.push_back(std::make_shared<UIElement>(component, size));
     setElemets(placed);
 }

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace UIKit {
@@ -26,6 +27,8 @@ class UIElement;
 ///
 /// Only a bar made by `init(superview, frame)`, as TopBar and BottomBar are, knows the width of a column;
 /// placing a control in any other stops the program.
+///
+/// Superview, container view and controls are never nothing: handing in nothing for one is a fatal report.
 class KivBar : public Foundation::NSObject {
 public:
     static const Foundation::Class& classObject();
@@ -54,9 +57,14 @@ public:
     virtual double delay() const;
     virtual void setDelay(double delay);
 
-    /// The controls placed, in the order of placing; absent until the first one and after `clean`.
+    /// The controls placed, in the order of placing; absent until the first one and after `clean`. Keep what
+    /// this gives while its list is looked at: in `for (… : *bar->elemets())` it is gone before the loop
+    /// begins. `placedElemets` is made for loops.
     virtual std::optional<Elemets> elemets() const;
     virtual void setElemets(const std::optional<Elemets>& elemets);
+
+    /// What `elemets` gives, as a list that a loop can go through at once; empty where that is absent.
+    Elemets placedElemets() const { return elemets().value_or(Elemets()); }
 
     /// The width of one column in points.
     virtual std::optional<CoreGraphics::CGFloat> columnSize() const;
@@ -132,6 +140,7 @@ protected:
 
 private:
     void startEmpty();
+    std::shared_ptr<UIKit::UIView> container(std::string_view operation) const;
     void placeFirst(const std::shared_ptr<UIComponent>& component, std::int64_t size);
     void placeFurther(const std::shared_ptr<UIComponent>& component, std::int64_t size);
     void finishPlacing(const std::shared_ptr<UIKit::UIView>& slot,

@@ -26,9 +26,13 @@ const Foundation::Class& BottomBar::classObject() {
     return object;
 }
 
-bool BottomBar::init(const std::shared_ptr<UIView>& superview) { return init(superview, barHeight()); }
+bool BottomBar::init(const std::shared_ptr<UIView>& superview) {
+    require(superview, "host view", "init(superview:)");
+    return init(superview, barHeight());
+}
 
 bool BottomBar::init(const std::shared_ptr<UIView>& superview, CGFloat height) {
+    require(superview, "host view", "init(superview:height:)");
     const CGFloat y = CGRectGetHeight(superview->frame()) - height;
     return KivBar::init(superview, CGRectMake(0.0, y, CGRectGetWidth(superview->frame()), height));
 }

@@ -25,9 +25,13 @@ const Foundation::Class& TopBar::classObject() {
     return object;
 }
 
-bool TopBar::init(const std::shared_ptr<UIView>& superview) { return init(superview, barHeight()); }
+bool TopBar::init(const std::shared_ptr<UIView>& superview) {
+    require(superview, "host view", "init(superview:)");
+    return init(superview, barHeight());
+}
 
 bool TopBar::init(const std::shared_ptr<UIView>& superview, CGFloat height) {
+    require(superview, "host view", "init(superview:height:)");
     return KivBar::init(superview, CGRectMake(0.0, 0.0, CGRectGetWidth(superview->frame()), height));
 }
 

@@ -31,9 +31,9 @@ bool Button::init(const std::shared_ptr<UIButton>& view, std::function<void()> a
     if (!UIComponent::init()) {
         return false;
     }
-    actionClosure_ = nullptr;
+    setActionClosure(nullptr);
     setView(view);
-    actionClosure_ = std::move(action);
+    setActionClosure(std::move(action));
     if (const std::shared_ptr<UIButton> control = button()) {
         control->addTarget(self(this), "touchAction:", UIKit::UIControlEventTouchUpInside);
     }
@@ -42,13 +42,22 @@ bool Button::init(const std::shared_ptr<UIButton>& view, std::function<void()> a
 
 bool Button::init() { Foundation::unimplementedInitializer("init()", "KivUICore.Button"); }
 
-void Button::setActionClosure(std::function<void()> actionClosure) { actionClosure_.swap(actionClosure); }
+void Button::dealloc() {
+    UIComponent::dealloc();
+    setActionClosure(nullptr);
+}
+
+// The one before ends when its successor is in place.
+void Button::setActionClosure(std::function<void()> actionClosure) {
+    Foundation::Block<void()> closure(std::move(actionClosure));
+    std::swap(actionClosure_, closure);
+}
 
 std::shared_ptr<UIButton> Button::button() const { return Foundation::as<UIButton>(view()); }
 
 void Button::touchAction(const std::shared_ptr<NSObject>& /*sender*/) {
-    // A copy: the closure may replace itself while it runs.
-    if (const std::function<void()> action = actionClosure_) {
+    // Held, as the closure may replace itself while it runs.
+    if (const Foundation::Block<void()> action = actionClosure_) {
         action();
     }
 }

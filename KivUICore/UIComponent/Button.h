@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KivUICore/UIComponent/UIComponent.h"
+#include "Platform/Foundation/Block.h"
 #include "Platform/UIKit/UIControlEvents.h"
 
 #include <functional>
@@ -27,8 +28,9 @@ public:
     /// Not supported: stops the program with a report.
     bool init() override;
 
-    /// What a press runs, read at each press.
-    std::function<void()> actionClosure() const { return actionClosure_; }
+    /// What a press runs, read at each press. What it returns runs the stored closure itself, with whatever
+    /// that remembers, and not a copy.
+    std::function<void()> actionClosure() const { return actionClosure_.closure(); }
     void setActionClosure(std::function<void()> actionClosure);
 
     void enable();
@@ -38,12 +40,15 @@ public:
     void setImage(const std::shared_ptr<UIKit::UIImage>& image, UIKit::UIControlState controlState);
     void setText(const std::optional<std::string>& text, UIKit::UIControlState controlState);
 
+protected:
+    void dealloc() override;
+
 private:
     std::shared_ptr<UIKit::UIButton> button() const;
 
     void touchAction(const std::shared_ptr<NSObject>& sender);
 
-    std::function<void()> actionClosure_;
+    Foundation::Block<void()> actionClosure_;
 };
 
 } // namespace KivUICore

@@ -4,8 +4,7 @@
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/UIKit/UILabel.h"
 
-#include <array>
-#include <charconv>
+#include <string>
 
 namespace KivUICore {
 
@@ -17,15 +16,12 @@ namespace {
 constexpr float leastTime = -9223372036854775808.0F;
 constexpr float greatestTime = 9223371487098961920.0F;
 
-// Enough for the hours of either.
-constexpr std::size_t longestText = 32;
-
 // Negative parts get their zero too, in front of the sign.
-char* writePadded(char* at, char* end, std::int64_t part) {
+void appendPadded(std::string& text, std::int64_t part) {
     if (part < 10) {
-        *at++ = '0';
+        text += '0';
     }
-    return std::to_chars(at, end, part).ptr;
+    text += std::to_string(part);
 }
 
 } // namespace
@@ -72,17 +68,15 @@ std::string Label::formatSeconds(float seconds) {
         Foundation::stopSilently();
     }
     const Time time = secondsToHoursMinutesSeconds(static_cast<std::int64_t>(seconds));
-    std::array<char, longestText> text;
-    char* const end = text.data() + text.size();
-    char* at = text.data();
+    std::string text;
     if (time.hours != 0) {
-        at = writePadded(at, end, time.hours);
-        *at++ = ':';
+        appendPadded(text, time.hours);
+        text += ':';
     }
-    at = writePadded(at, end, time.minutes);
-    *at++ = ':';
-    at = writePadded(at, end, time.seconds);
-    return {text.data(), at};
+    appendPadded(text, time.minutes);
+    text += ':';
+    appendPadded(text, time.seconds);
+    return text;
 }
 
 Label::Time Label::secondsToHoursMinutesSeconds(std::int64_t seconds) {

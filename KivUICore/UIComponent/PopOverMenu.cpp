@@ -11,7 +11,8 @@
 #include "Platform/UIKit/UITableView.h"
 #include "Platform/UIKit/UITableViewCell.h"
 
-#include <iostream>
+#include <cstdio>
+#include <string>
 #include <utility>
 
 namespace KivUICore {
@@ -37,13 +38,21 @@ std::shared_ptr<View> required(const std::shared_ptr<View>& view) {
     return view;
 }
 
+// In one piece, and past whatever the program has set a stream to.
+void writeLine(const std::string& text) {
+    const std::string line = text + '\n';
+    std::fwrite(line.data(), 1, line.size(), stdout);
+    std::fflush(stdout);
+}
+
 } // namespace
 
 const Foundation::Class& PopOverMenu::classObject() {
     static const Foundation::Class& object =
         Foundation::ClassBuilder<PopOverMenu, UIViewController>("KivUICore.PopOverMenu")
             .property<&PopOverMenu::observer, &PopOverMenu::setObserver>("observer")
-            .property<&PopOverMenu::buttons, &PopOverMenu::setButtons>("buttons")
+            .property<&PopOverMenu::buttons,
+                      Foundation::overload<void(std::optional<Buttons>)>(&PopOverMenu::setButtons)>("buttons")
             .initializer<const CGRect&, Buttons, const std::shared_ptr<UIEventObserver>&>(
                 "initWithFrame:buttons:observer:")
             .method<&PopOverMenu::showPopOver>("showPopOver:overViewController:color:")
@@ -101,6 +110,13 @@ bool PopOverMenu::init(const std::optional<std::string>& /*nibName*/,
     Foundation::unimplementedInitializer("init(nibName:bundle:)", "KivUICore.PopOverMenu");
 }
 
+void PopOverMenu::dealloc() {
+    UIViewController::dealloc();
+    observer_.reset();
+    tableView_.reset();
+    std::optional<Buttons>().swap(buttons_);
+}
+
 std::shared_ptr<UIEventObserver> PopOverMenu::observer() const { return observer_; }
 
 void PopOverMenu::setObserver(const std::shared_ptr<UIEventObserver>& observer) {
@@ -136,17 +152,22 @@ void PopOverMenu::changeButtons(const std::function<void(std::optional<Buttons>&
 void PopOverMenu::showPopOver(const std::shared_ptr<UIView>& view,
                               const std::shared_ptr<UIViewController>& overViewController,
                               const std::shared_ptr<UIKit::UIColor>& color) {
+    require(view, "anchor", "showPopOver:overViewController:color:");
+    // The caller may let go of what it handed in as soon as something is called.
     const std::shared_ptr<PopOverMenu> menu = self(this);
+    const std::shared_ptr<UIView> anchor = view;
+    const std::shared_ptr<UIViewController> presenter = overViewController;
+    const std::shared_ptr<UIKit::UIColor> background = color;
     if (const auto popover = popoverPresentationController()) {
         popover->setDelegate(menu);
         popover->setPermittedArrowDirections(UIKit::UIPopoverArrowDirectionUp |
                                              UIKit::UIPopoverArrowDirectionDown);
-        popover->setSourceView(view);
-        popover->setSourceRect({{}, required(view)->frame().size});
-        popover->setBackgroundColor(color);
+        popover->setSourceView(anchor);
+        popover->setSourceRect({{}, anchor->frame().size});
+        popover->setBackgroundColor(background);
     }
-    if (overViewController) {
-        overViewController->presentViewController(menu, true, nullptr);
+    if (presenter) {
+        presenter->presentViewController(menu, true, nullptr);
     }
 }
 
@@ -165,6 +186,7 @@ std::int64_t PopOverMenu::tableViewNumberOfRowsInSection(const std::shared_ptr<U
 std::shared_ptr<UITableViewCell>
 PopOverMenu::tableViewCellForRowAtIndexPath(const std::shared_ptr<UITableView>& /*tableView*/,
                                             const std::shared_ptr<NSIndexPath>& indexPath) {
+    require(indexPath, "index path", "tableView:cellForRowAtIndexPath:");
     auto cell = Foundation::make<UITableViewCell>(UIKit::UITableViewCellStyle::Default, "cell");
     const std::shared_ptr<PopOverButton> button = buttonAt(indexPath->row());
     if (const std::shared_ptr<UIKit::UILabel> label = cell->textLabel()) {
@@ -190,13 +212,17 @@ std::shared_ptr<PopOverButton> PopOverMenu::buttonAt(std::int64_t row) const {
 void PopOverMenu::tableViewDidSelectRowAtIndexPath(const std::shared_ptr<UITableView>& tableView,
                                                    const std::shared_ptr<NSIndexPath>& indexPath) {
     static const SEL chosen("onPopOverButtonPress:");
+    require(tableView, "table", "tableView:didSelectRowAtIndexPath:");
+    require(indexPath, "index path", "tableView:didSelectRowAtIndexPath:");
     const std::shared_ptr<PopOverMenu> alive = self(this);
-    const std::int64_t row = indexPath->row();
+    const std::shared_ptr<UITableView> table = tableView;
+    const std::shared_ptr<NSIndexPath> chosenPath = indexPath;
+    const std::int64_t row = chosenPath->row();
     if (const std::shared_ptr<UIEventObserver> told = observer()) {
         told->send(chosen, row);
     }
     dismissViewControllerAnimated(true, nullptr);
-    tableView->deselectRowAtIndexPath(indexPath, true);
+    table->deselectRowAtIndexPath(chosenPath, true);
 }
 
 // The presentation
@@ -204,7 +230,7 @@ void PopOverMenu::tableViewDidSelectRowAtIndexPath(const std::shared_ptr<UITable
 void PopOverMenu::prepareForPopoverPresentation(
     const std::shared_ptr<UIKit::UIPopoverPresentationController>& /*controller*/) {
     static const SEL shouldPresent("popOverShouldPresent");
-    std::cout << "pop over prepare for presentation" << std::endl;
+    writeLine("pop over prepare for presentation");
     if (const std::shared_ptr<UIEventObserver> told = observer()) {
         told->send(shouldPresent);
     }
@@ -213,7 +239,7 @@ void PopOverMenu::prepareForPopoverPresentation(
 void PopOverMenu::popoverPresentationControllerDidDismissPopover(
     const std::shared_ptr<UIKit::UIPopoverPresentationController>& /*controller*/) {
     static const SEL didDismiss("onPopOverDismiss");
-    std::cout << "pop did dismiss" << std::endl;
+    writeLine("pop did dismiss");
     if (const std::shared_ptr<UIEventObserver> told = observer()) {
         told->send(didDismiss);
     }

@@ -8,6 +8,7 @@
 #include "Platform/UIKit/UIViewController.h"
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -52,6 +53,11 @@ public:
     virtual const std::optional<Buttons>& buttons() const;
     virtual void setButtons(std::optional<Buttons> buttons);
 
+    /// The same with the entries one by one: `setButtons({play, stop})`.
+    void setButtons(std::initializer_list<std::shared_ptr<PopOverButton>> buttons) {
+        setButtons(std::optional<Buttons>(buttons));
+    }
+
     /// Has `change` alter the entries as they are, in one store whatever it does.
     void changeButtons(const std::function<void(std::optional<Buttons>& buttons)>& change);
 
@@ -68,7 +74,8 @@ public:
     using UIKit::UIViewController::init;
 
     /// Points the pop-over at `view`, above or below it, and presents the menu over `overViewController`;
-    /// without one nothing is presented. No colour stands for the platform's own background.
+    /// without one nothing is presented. No colour stands for the platform's own background. Without an
+    /// anchor, a fatal report.
     virtual void showPopOver(const std::shared_ptr<UIKit::UIView>& view,
                              const std::shared_ptr<UIKit::UIViewController>& overViewController,
                              const std::shared_ptr<UIKit::UIColor>& color);
@@ -92,6 +99,9 @@ public:
         const std::shared_ptr<UIKit::UIPopoverPresentationController>& controller);
     virtual UIKit::UIModalPresentationStyle adaptivePresentationStyleForPresentationController(
         const std::shared_ptr<UIKit::UIPresentationController>& controller);
+
+protected:
+    void dealloc() override;
 
 private:
     std::shared_ptr<PopOverButton> buttonAt(std::int64_t row) const;

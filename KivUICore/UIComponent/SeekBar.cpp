@@ -50,6 +50,7 @@ const Foundation::Class& SeekBar::classObject() {
 
 bool SeekBar::init(const std::shared_ptr<UISlider>& view, const std::shared_ptr<UIEventObserver>& observer,
                    const std::shared_ptr<KivPlayer>& player) {
+    require(player, "player", "init(view:observer:player:)");
     if (!UIComponent::init()) {
         return false;
     }
@@ -66,6 +67,12 @@ bool SeekBar::init(const std::shared_ptr<UISlider>& view, const std::shared_ptr<
 }
 
 bool SeekBar::init() { Foundation::unimplementedInitializer("init()", "KivUICore.SeekBar"); }
+
+void SeekBar::dealloc() {
+    UIComponent::dealloc();
+    airplayButton_.reset();
+    player_.reset();
+}
 
 void SeekBar::makeRouteButton() {
     airplayButton_ = Foundation::make<MPVolumeView>();
@@ -174,18 +181,19 @@ void SeekBar::endedScrubbing(const std::shared_ptr<NSObject>& /*sender*/) {
 
 void SeekBar::onValueChanged(const std::shared_ptr<NSObject>& /*sender*/) {
     static const Foundation::SEL valueChanged("onValueChanged:");
+    const std::shared_ptr<SeekBar> alive = self(this);
     if (const std::shared_ptr<UIEventObserver> told = observer()) {
-        told->send(valueChanged, self(this));
+        told->send(valueChanged, alive);
     }
 }
 
 // Without an application's observer the player's observers hear nothing either.
 void SeekBar::tell(Foundation::SEL operation, Foundation::SEL playerOperation) {
+    const std::shared_ptr<SeekBar> alive = self(this);
     const std::shared_ptr<UIEventObserver> told = observer();
     if (!told) {
         return;
     }
-    const std::shared_ptr<SeekBar> alive = self(this);
     told->send(operation, alive);
     const std::shared_ptr<KivPlayer> seeking = player_;
     const std::shared_ptr<KivCore::KivEventNotifier> notifier = seeking ? seeking->eventNotifier() : nullptr;

@@ -26,7 +26,8 @@ class SeekBar : public Foundation::Adopting<UIComponent, KivCore::PlayerEventObs
 public:
     static const Foundation::Class& classObject();
 
-    /// Wraps `view`, tells `observer`, and makes a route button if the player asks for one.
+    /// Wraps `view`, tells `observer`, and makes a route button if the player asks for one. Without a player,
+    /// a fatal report.
     bool init(const std::shared_ptr<UIKit::UISlider>& view, const std::shared_ptr<UIEventObserver>& observer,
               const std::shared_ptr<KivCore::KivPlayer>& player);
 
@@ -65,6 +66,9 @@ public:
     /// What a player tells its observers: nothing to do here.
     void onSeekBegan();
     void onSeekEnd();
+
+protected:
+    void dealloc() override;
 
 private:
     std::shared_ptr<UIKit::UISlider> slider() const;

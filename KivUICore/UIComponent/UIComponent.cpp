@@ -30,4 +30,10 @@ bool UIComponent::init() {
     return NSObject::init();
 }
 
+void UIComponent::dealloc() {
+    NSObject::dealloc();
+    view_.reset();
+    observer_.reset();
+}
+
 } // namespace KivUICore

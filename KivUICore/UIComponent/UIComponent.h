@@ -25,6 +25,9 @@ public:
     /// Neither view nor observer.
     bool init() override;
 
+protected:
+    void dealloc() override;
+
 private:
     std::shared_ptr<UIKit::UIView> view_;
     std::shared_ptr<UIEventObserver> observer_;

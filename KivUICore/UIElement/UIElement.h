@@ -11,7 +11,7 @@ class UIComponent;
 /// reach.
 class UIElement {
 public:
-    /// `view` is a control, not nothing; `size` in columns is kept as given, 0 and below too.
+    /// Without a control as its `view`, a fatal report. `size` in columns is kept as given, 0 and below too.
     UIElement(std::shared_ptr<UIComponent> view, std::int64_t size);
     UIElement(const UIElement&) = delete;
     UIElement& operator=(const UIElement&) = delete;

@@ -228,6 +228,20 @@ TEST_F(ButtonTest, AddsJustItsOperationsToWhatIsReachedByName) {
     EXPECT_TRUE(Button::classObject().classMethods().selectors().empty());
 }
 
+TEST_F(ButtonTest, ItsActionIsSentAsALambdaAndTakenAwayByNothing) {
+    const auto button = make<Button>(view, nullptr);
+    button->send("setActionClosure:", [this] { ++presses; });
+    view->sendActionsForControlEvents(UIKit::UIControlEventTouchUpInside);
+    EXPECT_EQ(presses, 1);
+    button->send("setActionClosure:", nullptr);
+    view->sendActionsForControlEvents(UIKit::UIControlEventTouchUpInside);
+    EXPECT_EQ(presses, 1);
+    button->send("setText:controlState:", nullptr, UIKit::UIControlStateNormal);
+
+    const auto other = std::static_pointer_cast<Button>(Button::classObject().alloc());
+    EXPECT_TRUE(other->send<bool>("initWithView:action:", nullptr, nullptr));
+}
+
 TEST_F(ButtonTest, IsMadeAndWorkedByName) {
     const auto button = Class::named("KivUICore.Button")->alloc();
     ASSERT_TRUE(button->send<bool>("initWithView:action:", view, Block<void()>(count)));

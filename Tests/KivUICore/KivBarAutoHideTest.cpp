@@ -65,16 +65,7 @@ protected:
     }
 
     /// What of the container view is to be seen.
-    double shownAlpha() {
-        host.window()->setNeedsDisplayEverywhere();
-        const auto drawn = host.draw();
-        for (const auto& operation : drawn->operations()) {
-            if (const auto* group = std::get_if<CGDrawing::BeginGroup>(&operation)) {
-                return group->alpha;
-            }
-        }
-        return drawn->operations().size() > 4 ? 1.0 : 0.0;
-    }
+    double shownAlpha() const { return bar->view()->presentedAlpha(); }
 
     Headless::HeadlessHost host{{320.0, 480.0}};
     std::shared_ptr<CountingBar> bar = make<CountingBar>(host.window());

@@ -1,5 +1,6 @@
 #include "KivUICore/KivBar.h"
 
+#include "KivUICore/TopBar/TopBar.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIGraphics.h"
 #include "Tests/CoreGraphics/Values.h"
@@ -120,9 +121,14 @@ TEST(KivBarTest, WhatWasSetBeforeAnInitializerDoesNotOutliveIt) {
     const auto bar = allocate<KivBar>();
     bar->setDelay(5.0);
     bar->setElemets(KivBar::Elemets());
+    bar->setAutoHideTimer(make<Foundation::NSTimer>());
     ASSERT_TRUE(bar->init(host, barFrame));
     EXPECT_EQ(bar->delay(), 0.0);
     EXPECT_EQ(bar->elemets(), std::nullopt);
+    EXPECT_EQ(bar->autoHideTimer(), nullptr);
+    ASSERT_TRUE(bar->init(host, host));
+    EXPECT_EQ(bar->columnSize(), std::nullopt);
+    EXPECT_EQ(bar->barFrame(), std::nullopt);
 }
 
 // The order of what a host view is asked
@@ -608,6 +614,18 @@ TEST(KivBarTest, AnApplicationsBarIsDeclaredInAFewLines) {
     EXPECT_EQ(ownSelectors(strip->isa()), std::set<std::string>{"onRotate"});
     strip->send("onRotate");
     EXPECT_EQ(Class::named("Tests.Strip"), &Strip::classObject());
+}
+
+TEST(KivBarTest, ABackgroundImageThatThrowsLeavesNoImageContextOpen) {
+    class FragileImage : public UIImage {
+    public:
+        using UIImage::init;
+        void drawInRect(const CGRect& /*rect*/) const override { throw std::string("image"); }
+    };
+    const auto bar = make<TopBar>(make<UIView>(hostFrame));
+    const auto before = UIKit::UIGraphicsGetCurrentContext();
+    EXPECT_THROW(bar->setBackgroundImage(make<FragileImage>(imageOf({10.0, 10.0})->drawing())), std::string);
+    EXPECT_EQ(UIKit::UIGraphicsGetCurrentContext(), before);
 }
 
 } // namespace

@@ -2,6 +2,10 @@
 #include "Platform/UIKit/UIKey.h"
 #include "Tests/KivUICore/Menus.h"
 
+#include <iomanip>
+#include <iostream>
+#include <utility>
+
 namespace {
 
 using namespace CoreGraphics;
@@ -273,6 +277,72 @@ TEST_F(PopOverMenuShowingTest, WithoutAnObserverTheLinesAreWrittenAllTheSame) {
     host.tap(inRow(0));
     host.advance(1.0);
     EXPECT_FALSE(isShown(*menu));
+}
+
+TEST_F(PopOverMenuShowingTest, ItsLinesAreWrittenAsTheyAreWhateverTheStreamIsSetTo) {
+    const auto menu = makeMenu({"a", "b"});
+    std::cout << std::setfill('*') << std::setw(60) << std::right;
+    show(*menu);
+    EXPECT_EQ(output(), prepareLine);
+    std::cout << std::setw(60);
+    host.tap(outside);
+    host.advance(1.0);
+    EXPECT_EQ(output(), dismissLine);
+    std::cout << std::setfill(' ') << std::setw(0);
+    std::cout.setstate(std::ios::badbit);
+    show(*menu);
+    host.tap(outside);
+    host.advance(1.0);
+    std::cout.clear();
+    EXPECT_EQ(output(), std::string(prepareLine) + dismissLine);
+}
+
+TEST_F(PopOverMenuShowingTest, ItsLinesKeepTheirPlaceAmongWhatTheProgramWrites) {
+    const auto menu = makeMenu({"a", "b"});
+    std::cout << "before\n";
+    show(*menu);
+    std::cout << "after" << std::endl;
+    EXPECT_EQ(output(), std::string("before\n") + prepareLine + "after\n");
+}
+
+TEST_F(PopOverMenuShowingTest, AChoiceMayLetGoOfTheTableAndTheRowThatItWasToldWith) {
+    const auto menu = make<NotingChoiceMenu>(CGRectMake(0, 0, 200, 132), entries({"a", "b", "c"}), watcher);
+    menu->story = &story;
+    auto noting = make<NotingTable>();
+    noting->story = &story;
+    std::shared_ptr<UITableView> table = std::move(noting);
+    std::shared_ptr<NSIndexPath> path = row(2);
+    watcher->reaction = [&](const std::string& /*operation*/) {
+        table = nullptr;
+        path = nullptr;
+    };
+    menu->tableViewDidSelectRowAtIndexPath(table, path);
+    EXPECT_EQ(story, (Story{"onPopOverButtonPress: 2", "dismiss animated", "deselect 2 animated"}));
+}
+
+TEST_F(PopOverMenuSetUpTest, WhatItIsShownWithMayBeLetGoMeanwhile) {
+    class Distracting : public NotingPopover {
+    public:
+        std::function<void()> onArrows;
+        void setPermittedArrowDirections(UIKit::UIPopoverArrowDirection directions) override {
+            NotingPopover::setPermittedArrowDirections(directions);
+            onArrows();
+        }
+    };
+    const auto distracting = make<Distracting>(std::shared_ptr<UIViewController>(menu));
+    menu->popover = distracting;
+    presenter->story = &distracting->story;
+    std::shared_ptr<UIViewController> over = std::move(presenter);
+    auto color = make<UIKit::UIColor>(1.0, 0.5);
+    distracting->onArrows = [&] {
+        button = nullptr;
+        over = nullptr;
+        color = nullptr;
+    };
+    menu->showPopOver(button, over, color);
+    EXPECT_EQ(distracting->story,
+              (Story{"delegate KivUICore.PopOverMenu", "arrows 3", "source (50, 60, 44, 30)",
+                     "rect (0, 0, 44, 30)", "colour", "present animated"}));
 }
 
 } // namespace

@@ -245,6 +245,36 @@ TEST_F(PopOverMenuDeathTest, ARowThatIsNotThereStopsTheProgram) {
 
 // Changes
 
+TEST_F(PopOverMenuTest, EntriesMayBeGivenOneByOne) {
+    const auto menu = makeMenu({"a"});
+    const auto play = make<PopOverButton>(nullptr, "play");
+    const auto stop = make<PopOverButton>(nullptr, "stop");
+    menu->setButtons({play, stop});
+    EXPECT_EQ(menu->buttons(), (PopOverMenu::Buttons{play, stop}));
+    menu->setButtons({play});
+    EXPECT_EQ(menu->buttons(), PopOverMenu::Buttons{play});
+    EXPECT_EQ(tableOf(*menu)->numberOfRowsInSection(0), 1);
+    menu->setButtons({});
+    EXPECT_EQ(menu->buttons(), PopOverMenu::Buttons());
+}
+
+TEST_F(PopOverMenuTest, EntriesAreSentAsAListAndNothingTakesThemAway) {
+    const auto menu = makeMenu({"a"});
+    const auto play = make<PopOverButton>(nullptr, "play");
+    menu->send("setButtons:", PopOverMenu::Buttons{play, play});
+    EXPECT_EQ(menu->buttons()->size(), 2U);
+    EXPECT_EQ(menu->send<PopOverMenu::Buttons>("buttons"), (PopOverMenu::Buttons{play, play}));
+    menu->send("setButtons:", nullptr);
+    EXPECT_EQ(menu->buttons(), std::nullopt);
+    menu->send("setButtons:", std::optional(PopOverMenu::Buttons{play}));
+    EXPECT_EQ(menu->buttons()->size(), 1U);
+
+    const auto other = std::static_pointer_cast<PopOverMenu>(PopOverMenu::classObject().alloc());
+    EXPECT_TRUE(other->send<bool>("initWithFrame:buttons:observer:", CGRectMake(0, 0, 200, 132),
+                                  PopOverMenu::Buttons{play}, nullptr));
+    EXPECT_EQ(other->buttons()->size(), 1U);
+}
+
 TEST_F(PopOverMenuTest, EveryStoreReloadsOnceWhetherShownOrNot) {
     const auto menu = make<NotingMenu>(CGRectMake(0, 0, 200, 132), entries({"a"}), watcher);
     for (const bool shown : {false, true}) {
@@ -366,7 +396,9 @@ TEST_F(PopOverMenuTest, ItsOperationsAreOverridableInTheirOrder) {
     // The table's getter and setter, which only the menu itself can name.
     slot += 2;
     EXPECT_EQ(slotOf(&PopOverMenu::buttons), ++slot);
-    EXPECT_EQ(slotOf(&PopOverMenu::setButtons), ++slot);
+    EXPECT_EQ(
+        slotOf(Foundation::overload<void(std::optional<PopOverMenu::Buttons>)>(&PopOverMenu::setButtons)),
+        ++slot);
     using Init =
         bool (PopOverMenu::*)(const CGRect&, PopOverMenu::Buttons, const std::shared_ptr<UIEventObserver>&);
     EXPECT_EQ(slotOf(static_cast<Init>(&PopOverMenu::init)), ++slot);

@@ -1,8 +1,10 @@
 #include "Hosts/Headless/HeadlessHost.h"
 #include "Platform/CoreGraphics/CGRecordingContext.h"
+#include "Tests/KivUICore/HostView.h"
 #include "Tests/KivUICore/Watchers.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -97,7 +99,93 @@ protected:
     std::vector<std::weak_ptr<NSObject>> remembered;
 };
 
+// Accessors that a subclass overrides
+
+/// A bar and a seek bar that do something when they are read next. Whoever lets one go there must not watch
+/// it by a weak reference: its memory would stay, and use of it go unnoticed.
+class ReadBar : public KivBar {
+public:
+    std::shared_ptr<UIView> view() const override {
+        auto result = KivBar::view();
+        act();
+        return result;
+    }
+    double delay() const override {
+        const double result = KivBar::delay();
+        act();
+        return result;
+    }
+    mutable std::function<void()> onRead;
+
+private:
+    void act() const {
+        if (const auto call = std::exchange(onRead, nullptr)) {
+            call();
+        }
+    }
+};
+
+class ReadSeekBar : public SeekBar {
+public:
+    std::shared_ptr<UIEventObserver> observer() const override {
+        auto result = SeekBar::observer();
+        if (const auto call = std::exchange(onRead, nullptr)) {
+            call();
+        }
+        return result;
+    }
+    mutable std::function<void()> onRead;
+};
+
+TEST_F(ReentrancyTest, ABarMayBeLetGoInsideEachReadOfItsAccessors) {
+    const std::vector<std::function<void(KivBar&)>> operations{
+        [](KivBar& bar) { bar.hide(); },
+        [](KivBar& bar) { bar.show(); },
+        [](KivBar& bar) { bar.resetAutoHide(); },
+        [](KivBar& bar) { bar.setBackgroundColor(make<UIKit::UIColor>(1.0, 1.0)); },
+        [](KivBar& bar) {
+            bar.setBackgroundImage(imageOf({10.0, 10.0}));
+        },
+        [](KivBar& bar) { bar.updateBarFrameWithFrame(CGRectMake(0.0, 0.0, 640.0, 480.0)); },
+        [](KivBar& bar) { bar.addElementToView(make<UIComponent>(), 1); },
+    };
+    for (const auto& operate : operations) {
+        auto bar = make<ReadBar>(host->window(), CGRectMake(0.0, 0.0, 320.0, 40.0));
+        bar->view()->setAlpha(0.5);
+        bar->setDelay(1.0);
+        ReadBar& read = *bar;
+        read.onRead = [&bar] { bar = nullptr; };
+        operate(read);
+        EXPECT_EQ(bar, nullptr);
+        host->advance(5.0);
+    }
+}
+
+TEST_F(ReentrancyTest, ASeekBarMayBeLetGoInsideTheReadOfItsObserver) {
+    for (const char* event : {"beganScrubbing:", "endedScrubbing:", "onValueChanged:"}) {
+        auto seekBar = make<ReadSeekBar>(overlay.slider, overlay.watcher, overlay.player);
+        ReadSeekBar& read = *seekBar;
+        read.onRead = [&seekBar] { seekBar = nullptr; };
+        read.send(event, overlay.slider);
+        EXPECT_EQ(seekBar, nullptr);
+    }
+    EXPECT_EQ(story, (Story{"onSeekBegan:", "player: onSeekBegan", "onSeekFinished:", "player: onSeekEnd",
+                            "onValueChanged:"}));
+}
+
 // The action of a button
+
+TEST_F(ReentrancyTest, AnActionThatCountsGoesOnFromPressToPress) {
+    std::vector<int> counts;
+    overlay.button->setActionClosure([&counts, count = 0]() mutable { counts.push_back(++count); });
+    host->tap(onButton);
+    host->tap(onButton);
+    overlay.button->actionClosure()();
+    overlay.button->send<Block<void()>>("actionClosure")();
+    overlay.button->setActionClosure(overlay.button->actionClosure());
+    host->tap(onButton);
+    EXPECT_EQ(counts, (std::vector{1, 2, 3, 4, 5}));
+}
 
 TEST_F(ReentrancyTest, AnActionMayTearEverythingDown) {
     bool ran = false;

@@ -24,7 +24,9 @@ double FilmCommands::endPosition() const {
 
 void FilmCommands::togglePlay() {
     const PlaybackState& state = playback_.state();
-    if (state.isPaused || state.hasEnded) {
+    if (state.error) {
+        playback_.retry();
+    } else if (state.isPaused || state.hasEnded) {
         playback_.play();
     } else {
         playback_.pause();
@@ -34,8 +36,11 @@ void FilmCommands::togglePlay() {
 void FilmCommands::toggleMute() { playback_.setMuted(!playback_.state().isMuted); }
 
 void FilmCommands::seek(double time, SeekPrecision precision) {
-    steps_ = 0;
-    seeks_.seek(time, precision);
+    const PlaybackState& state = playback_.state();
+    if (canSeek(state)) {
+        steps_ = 0;
+        seeks_.seek(nearestPlace(state, time), precision);
+    }
 }
 
 void FilmCommands::seekBy(double seconds) {
@@ -44,11 +49,7 @@ void FilmCommands::seekBy(double seconds) {
         steps_ = 0;
         return;
     }
-    double time = std::max(0.0, position() + seconds);
-    if (const std::optional<double> duration = playback_.state().duration) {
-        time = std::min(time, *duration);
-    }
-    seek(time, SeekPrecision::Exact);
+    seek(position() + seconds, SeekPrecision::Exact);
 }
 
 void FilmCommands::seekToFraction(double fraction) {
@@ -61,13 +62,21 @@ void FilmCommands::seekToFraction(double fraction) {
 }
 
 void FilmCommands::stepFrame(Direction direction) {
+    if (!isPlayable(playback_.state())) {
+        return;
+    }
     steps_ += direction == Direction::Forward ? 1 : -1;
     makeSteps();
 }
 
 void FilmCommands::playbackDidChange() {
+    const bool isOpening = playback_.state().isOpening;
+    if (isOpening && !wasOpening_) {
+        seeks_.forget();
+    }
+    wasOpening_ = isOpening;
     seeks_.playbackDidChange();
-    if (!playback_.state().isOpening) {
+    if (!isOpening) {
         fulfilWish();
     }
     makeSteps();
@@ -75,7 +84,7 @@ void FilmCommands::playbackDidChange() {
 
 void FilmCommands::fulfilWish() {
     const Wish wish = std::exchange(wish_, {});
-    if (playback_.state().error) {
+    if (!isPlayable(playback_.state())) {
         steps_ = 0;
         return;
     }

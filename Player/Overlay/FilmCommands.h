@@ -16,6 +16,7 @@ public:
     /// Where the film is in seconds, or will be once the seeks that were asked for are done.
     double position() const;
 
+    /// After an error it tries again.
     void togglePlay();
     void toggleMute();
     void seek(double time, SeekPrecision precision);
@@ -48,6 +49,8 @@ private:
     Playback& playback_;
     SeekQueue seeks_;
     Wish wish_;
+
+    bool wasOpening_ = false;
 
     // Pictures to go on once the film is where it was sent; back if negative.
     int steps_ = 0;

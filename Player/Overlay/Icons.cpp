@@ -141,6 +141,14 @@ Icon retryIcon() {
     return icon;
 }
 
+Icon cancelIcon() {
+    static const Icon icon = recorded([](CGContext& context) {
+        context.strokePath(polyline({{6.0, 6.0}, {18.0, 18.0}}), line, white);
+        context.strokePath(polyline({{18.0, 6.0}, {6.0, 18.0}}), line, white);
+    });
+    return icon;
+}
+
 Icon backIcon() {
     static const Icon icon = recorded([](CGContext& context) {
         context.strokePath(polyline({{15.0, 5.0}, {8.0, 12.0}, {15.0, 19.0}}), line, white);

@@ -15,6 +15,7 @@ std::shared_ptr<UIKit::UIImage> playIcon();
 std::shared_ptr<UIKit::UIImage> pauseIcon();
 std::shared_ptr<UIKit::UIImage> replayIcon();
 std::shared_ptr<UIKit::UIImage> retryIcon();
+std::shared_ptr<UIKit::UIImage> cancelIcon();
 std::shared_ptr<UIKit::UIImage> backIcon();
 std::shared_ptr<UIKit::UIImage> soundIcon();
 std::shared_ptr<UIKit::UIImage> mutedIcon();

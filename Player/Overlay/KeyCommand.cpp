@@ -23,7 +23,7 @@ std::optional<KeyCommand> commandForCode(UIKeyboardHIDUsage code) {
     case UIKeyboardHIDUsage::End:
         return KeyCommand{Action::GoToEnd};
     case UIKeyboardHIDUsage::Escape:
-        return KeyCommand{Action::GoBack};
+        return KeyCommand{Action::Cancel};
     default:
         return std::nullopt;
     }

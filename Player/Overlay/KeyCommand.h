@@ -16,7 +16,8 @@ struct KeyCommand {
         VolumeDown,
         ToggleMute,
         ToggleFullScreen,
-        GoBack,
+        /// Takes back what the viewer is in: a drag, or else full screen.
+        Cancel,
         GoToFraction,
         GoToEnd,
         StepBackward,

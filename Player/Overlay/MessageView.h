@@ -12,6 +12,7 @@ class Button;
 
 namespace UIKit {
 class UIButton;
+class UIImage;
 } // namespace UIKit
 
 namespace Overlay {
@@ -19,7 +20,8 @@ namespace Overlay {
 class PlateView;
 
 /// Some lines for the viewer, in the middle of the area that the view is given as its frame, and at will a
-/// button that does something about it. The view itself is transparent, and only the button takes touches.
+/// button that does something about it: below the lines, in a low area an icon beside them, and in the
+/// smallest all of what is shown. The view itself is transparent, and only the button takes touches.
 class MessageView : public UIKit::UIView {
 public:
     using UIKit::UIView::init;
@@ -28,8 +30,9 @@ public:
     const std::string& text() const { return text_; }
     void setText(std::string text);
 
-    /// Shows a button below the text. A press runs `action`, which may tear down anything.
-    void setAction(const std::string& title, std::function<void()> action);
+    /// Shows a button with the text. A press runs `action`, which may tear down anything.
+    void setAction(const std::shared_ptr<UIKit::UIImage>& icon, const std::string& title,
+                   std::function<void()> action);
     void clearAction();
 
     void setFrame(const CoreGraphics::CGRect& frame) override;
@@ -40,10 +43,20 @@ public:
     const std::shared_ptr<UIKit::UIButton>& button() const { return button_; }
 
 private:
-    CoreGraphics::CGFloat footHeight(CoreGraphics::CGFloat height) const;
+    enum class ButtonPlace { None, Below, Beside, Everywhere };
+
+    CoreGraphics::CGSize room() const;
+    ButtonPlace buttonPlace() const;
+    CoreGraphics::CGFloat footHeight() const;
+    CoreGraphics::CGFloat buttonWidth() const;
+    void showAction(ButtonPlace place);
+    CoreGraphics::CGSize plateSize(ButtonPlace place) const;
+    CoreGraphics::CGRect buttonFrame(ButtonPlace place, const CoreGraphics::CGSize& plate) const;
     void layOutPlate();
 
     std::string text_;
+    std::string actionTitle_;
+    std::shared_ptr<UIKit::UIImage> actionIcon_;
     std::shared_ptr<PlateView> plate_;
     std::shared_ptr<UIKit::UIButton> button_;
     std::shared_ptr<KivUICore::Button> action_;

@@ -35,6 +35,11 @@ void PlateView::setFootHeight(CGFloat height) {
     layOutText();
 }
 
+void PlateView::setTailWidth(CGFloat width) {
+    tailWidth_ = width;
+    layOutText();
+}
+
 void PlateView::setFrame(const CGRect& frame) {
     UIView::setFrame(frame);
     layOutText();
@@ -42,9 +47,11 @@ void PlateView::setFrame(const CGRect& frame) {
 
 CGFloat PlateView::bottomPadding() const { return std::max(padding, footHeight_); }
 
+CGFloat PlateView::rightPadding() const { return std::max(sidePadding, tailWidth_); }
+
 CGRect PlateView::textArea(const CGSize& size) const {
     return {{sidePadding, padding},
-            {std::max(0.0, size.width - 2.0 * sidePadding),
+            {std::max(0.0, size.width - sidePadding - rightPadding()),
              std::max(0.0, size.height - padding - bottomPadding())}};
 }
 
@@ -54,7 +61,7 @@ CGSize PlateView::sizeThatFits(const CGSize& size) const {
     // A room of no points would stand for one without limits.
     const CGSize room = textArea(size).size;
     const CGSize text = label_->sizeThatFits({std::max(1.0, room.width), std::max(1.0, room.height)});
-    return {std::min(size.width, text.width + 2.0 * sidePadding),
+    return {std::min(size.width, text.width + sidePadding + rightPadding()),
             std::min(size.height, text.height + padding + bottomPadding())};
 }
 

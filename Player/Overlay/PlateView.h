@@ -25,7 +25,11 @@ public:
     CoreGraphics::CGFloat footHeight() const { return footHeight_; }
     void setFootHeight(CoreGraphics::CGFloat height);
 
-    /// What the text and the foot need in at most `size`, both sides of which are above zero. An estimate.
+    /// Points to the right of the text that are kept free, the plate's edge included.
+    void setTailWidth(CoreGraphics::CGFloat width);
+
+    /// What the text, the foot and the tail need in at most `size`, both sides of which are above zero. An
+    /// estimate.
     CoreGraphics::CGSize sizeThatFits(const CoreGraphics::CGSize& size) const override;
 
     void setFrame(const CoreGraphics::CGRect& frame) override;
@@ -34,11 +38,13 @@ public:
 
 private:
     CoreGraphics::CGFloat bottomPadding() const;
+    CoreGraphics::CGFloat rightPadding() const;
     CoreGraphics::CGRect textArea(const CoreGraphics::CGSize& size) const;
     void layOutText();
 
     std::shared_ptr<UIKit::UILabel> label_;
     CoreGraphics::CGFloat footHeight_ = 0.0;
+    CoreGraphics::CGFloat tailWidth_ = 0.0;
 };
 
 } // namespace Overlay

@@ -33,7 +33,12 @@ public:
     virtual void play() = 0;
     virtual void pause() = 0;
 
-    /// Goes to a time in seconds, cut to the film's length. `state().isSeeking` is true from this call until
+    /// Keeps the film still while the viewer looks for a place in it, or lets it go on. It isn't paused by
+    /// that: `state().isPaused` is what the viewer wants for afterwards, and while the film is held play and
+    /// pause change only that.
+    virtual void setHeld(bool held) = 0;
+
+    /// Goes to a time in seconds, cut to what can be sought. `state().isSeeking` is true from this call until
     /// the picture of that time is there or it turned out that there is none.
     virtual void seek(double time, SeekPrecision precision) = 0;
 
@@ -53,7 +58,11 @@ public:
     /// Sends the sound to one of `state().audioDevices`.
     virtual void selectAudioDevice(const std::string& identifier) = 0;
 
-    /// Opens the film again after an error, where it was.
+    /// Gives up a film that is being opened, which is an error that can be tried again, and one that is tried
+    /// out. Does nothing to a film that plays.
+    virtual void cancelOpening() = 0;
+
+    /// Opens the film again after an error, where it was: after an interruption it goes on.
     virtual void retry() = 0;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Player/Overlay/PlaybackError.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -40,6 +42,14 @@ struct AudioDevice {
     friend bool operator==(const AudioDevice&, const AudioDevice&) = default;
 };
 
+/// A part of a film, in seconds.
+struct TimeRange {
+    double start = 0.0;
+    double end = 0.0;
+
+    friend bool operator==(const TimeRange&, const TimeRange&) = default;
+};
+
 /// What is known of a film at one moment. Times are in seconds.
 struct PlaybackState {
     /// The film's own title, or the name of its file.
@@ -49,6 +59,13 @@ struct PlaybackState {
 
     /// Unknown while the film is being opened, and for one without an end.
     std::optional<double> duration;
+
+    /// Whether it can be sent to another place: not what comes through a pipe.
+    bool isSeekable = true;
+
+    /// The part of the film that it can be sent to, where that is not all of it: of a live stream, what is at
+    /// hand.
+    std::optional<TimeRange> seekableRange;
 
     /// Its first picture isn't there yet.
     bool isOpening = false;
@@ -73,10 +90,19 @@ struct PlaybackState {
     /// The film that is tried out while this one goes on, by its name; nothing when none is.
     std::optional<std::string> nextFilm;
 
-    /// Why nothing can be played, as one sentence without its end; nothing while all is well.
-    std::optional<std::string> error;
+    /// Why nothing can be played, or why it goes no further; nothing while all is well.
+    std::optional<PlaybackError> error;
 
     friend bool operator==(const PlaybackState&, const PlaybackState&) = default;
 };
+
+/// Whether there is a film: true also for one that was interrupted.
+bool isPlayable(const PlaybackState& state);
+
+/// Whether the film can be sent to another place.
+bool canSeek(const PlaybackState& state);
+
+/// The place nearest to `time` that the film can be sent to, in seconds.
+double nearestPlace(const PlaybackState& state, double time);
 
 } // namespace Overlay

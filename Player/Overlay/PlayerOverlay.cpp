@@ -46,7 +46,8 @@ PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playbac
           make<MenuPresenter>(controller_, menus_, [this] { policy_.setHold(Hold::Menu, menu_->isOpen()); })),
       routes_(std::make_shared<SoundRoutes>(
           playback, [this](const auto& anchor) { openMenu(MenuKind::AudioOutput, anchor); })),
-      status_(hostView_, [this] { playback_.retry(); }),
+      status_(
+          hostView_, [this] { playback_.retry(); }, [this] { playback_.cancelOpening(); }),
       title_(
           hostView_, [this] { goBack(); }, [this] { openMenu(MenuKind::Main, title_.menuButton()); }),
       transport_(hostView_, transportActions()), bubble_(hostView_),
@@ -60,8 +61,9 @@ PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playbac
     transport_.bar()->setFadeHandler([this] { barsDidFade(); });
     picture_->setTouchHandler([this] { policy_.noteActivity(); });
     picture_->setDoubleTapHandler([this] { toggleFullScreen(); });
-    MediaPlayer::MPRouteProvider::install(routes_);
+    MediaPlayer::MPRouteProvider::install(routes_, hostView_);
     playback_.setChangeHandler([this] { playbackDidChange(); });
+    layOutBetweenBars();
     refresh();
 }
 
@@ -90,6 +92,8 @@ TransportControls::Actions PlayerOverlay::transportActions() {
 
 void PlayerOverlay::beginScrubbing() {
     hasScrubbed_ = false;
+    placeBeforeScrub_ = film_.position();
+    playback_.setHeld(true);
     policy_.setHold(Hold::Dragging, true);
     if (transport_.scrubBeganWithJump()) {
         scrub();
@@ -102,10 +106,14 @@ void PlayerOverlay::scrub() {
     refresh();
 }
 
+// A handle that was taken away from the viewer leaves the film as it was, or has lost it to another one.
 void PlayerOverlay::endScrubbing() {
-    if (hasScrubbed_) {
-        film_.seek(transport_.scrubTime(), SeekPrecision::Exact);
+    const PlaybackState& state = playback_.state();
+    if (hasScrubbed_ && !state.isOpening && !state.error) {
+        film_.seek(transport_.scrubWasCancelled() ? placeBeforeScrub_ : transport_.scrubTime(),
+                   SeekPrecision::Exact);
     }
+    playback_.setHeld(false);
     policy_.setHold(Hold::Dragging, false);
     refresh();
 }
@@ -113,9 +121,22 @@ void PlayerOverlay::endScrubbing() {
 void PlayerOverlay::hostViewWasResized() {
     title_.bar()->updateBarFrameWithFrame(hostView_->frame());
     transport_.bar()->updateBarFrameWithFrame(hostView_->frame());
-    status_.layOut();
+    layOutBetweenBars();
     updateBubble();
     holdWhileOnBar();
+}
+
+// In a low window the film and the controls come before its title, and in the lowest the film before both.
+void PlayerOverlay::layOutBetweenBars() {
+    const CGFloat bar = KivUICore::KivBar::barHeight();
+    const CGFloat lowestWithControls = bar + 8.0;
+    const CGFloat lowestWithTitle = 3.0 * bar;
+    const CGRect bounds = hostView_->bounds();
+    const CGFloat top = bounds.size.height < lowestWithTitle ? 0.0 : bar;
+    const CGFloat bottom = bounds.size.height < lowestWithControls ? 0.0 : bar;
+    title_.bar()->view()->setHidden(top == 0.0);
+    transport_.bar()->view()->setHidden(bottom == 0.0);
+    status_.layOut(CGRectMake(0.0, top, bounds.size.width, bounds.size.height - top - bottom));
 }
 
 // The film
@@ -172,7 +193,7 @@ void PlayerOverlay::updateBubble() {
 
 void PlayerOverlay::holdWhileOnBar() {
     const auto isOn = [this](const KivUICore::KivBar& bar) {
-        return pointer_ && CGRectContainsPoint(bar.view()->frame(), *pointer_);
+        return pointer_ && !bar.view()->isHidden() && CGRectContainsPoint(bar.view()->frame(), *pointer_);
     };
     policy_.setHold(Hold::PointerOnBar, isOn(*title_.bar()) || isOn(*transport_.bar()));
 }
@@ -207,8 +228,8 @@ void PlayerOverlay::run(const KeyCommand& command) {
         break;
     case Action::ToggleFullScreen:
         return toggleFullScreen();
-    case Action::GoBack:
-        return goBack();
+    case Action::Cancel:
+        return cancel();
     case Action::GoToFraction:
         film_.seekToFraction(command.fraction);
         break;
@@ -244,6 +265,17 @@ void PlayerOverlay::goBack() {
     }
 }
 
+// One thing at a time, and never the player: it would be gone by one press too many.
+void PlayerOverlay::cancel() {
+    if (transport_.isScrubbing()) {
+        transport_.cancelScrub();
+    } else if (playback_.state().isOpening || playback_.state().nextFilm) {
+        playback_.cancelOpening();
+    } else if (window_.isFullScreen()) {
+        toggleFullScreen();
+    }
+}
+
 void PlayerOverlay::toggleFullScreen() {
     policy_.noteActivity();
     window_.setFullScreen(!window_.isFullScreen());
@@ -264,6 +296,8 @@ void PlayerOverlay::barsDidFade() {
     }
 }
 
-void PlayerOverlay::showProblem(const std::string& problem) { status_.showProblem(problem); }
+void PlayerOverlay::showNotice(const std::string& text) { status_.showNotice(text); }
+
+void PlayerOverlay::showProblem(const PlaybackError& problem) { status_.showProblem(problem); }
 
 } // namespace Overlay

@@ -63,15 +63,20 @@ public:
     /// The window went to full screen or came back.
     void windowDidChange();
 
-    /// Shows for a while what went wrong, given as a sentence without its end. The film isn't affected.
-    void showProblem(const std::string& problem);
+    /// Shows a line for a while.
+    void showNotice(const std::string& text);
+
+    /// Shows for a while what went wrong. The film isn't affected.
+    void showProblem(const PlaybackError& problem);
 
 private:
     TransportControls::Actions transportActions();
+    void layOutBetweenBars();
     void playbackDidChange();
     void refresh();
     void run(const KeyCommand& command);
     void goBack();
+    void cancel();
     void toggleFullScreen();
     void changeVolume(double difference);
     void beginScrubbing();
@@ -101,6 +106,9 @@ private:
 
     // Whether the handle was moved since it was taken hold of: a mere press leaves the film where it is.
     bool hasScrubbed_ = false;
+
+    // Where the film was then, in seconds.
+    double placeBeforeScrub_ = 0.0;
 };
 
 } // namespace Overlay

@@ -10,7 +10,7 @@ using namespace CoreGraphics;
 
 namespace {
 
-CGFloat leastWidth(std::span<const RowItem> items, const std::vector<bool>& isPlaced) {
+CGFloat wantedWidth(std::span<const RowItem> items, const std::vector<bool>& isPlaced) {
     CGFloat width = 0.0;
     for (std::size_t index = 0; index < items.size(); ++index) {
         width += isPlaced[index] ? items[index].width : 0.0;
@@ -25,7 +25,7 @@ void leaveOutWhatDoesNotFit(std::span<const RowItem> items, CGFloat width, std::
         return items[a].dispensability > items[b].dispensability;
     });
     for (const std::size_t index : order) {
-        if (items[index].dispensability <= 0 || leastWidth(items, isPlaced) <= width) {
+        if (items[index].dispensability <= 0 || wantedWidth(items, isPlaced) <= width) {
             return;
         }
         isPlaced[index] = false;
@@ -39,13 +39,14 @@ std::vector<CGRect> layOutRow(std::span<const RowItem> items, const CGRect& row)
     leaveOutWhatDoesNotFit(items, row.size.width, isPlaced);
     const auto isFlexible = [](const RowItem& item) { return item.kind == RowItem::Width::Flexible; };
     const auto flexible = static_cast<CGFloat>(std::count_if(items.begin(), items.end(), isFlexible));
-    const CGFloat spare = std::max(0.0, row.size.width - leastWidth(items, isPlaced));
+    const CGFloat spare = row.size.width - wantedWidth(items, isPlaced);
     std::vector<CGRect> frames;
     CGFloat x = row.origin.x;
     for (std::size_t index = 0; index < items.size(); ++index) {
         const CGFloat share = isFlexible(items[index]) ? spare / flexible : 0.0;
-        const CGFloat width = isPlaced[index] ? items[index].width + share : 0.0;
-        frames.push_back(CGRectMake(x, row.origin.y, width, row.size.height));
+        const CGFloat width = isPlaced[index] ? std::max(0.0, items[index].width + share) : 0.0;
+        const bool isTooShort = isFlexible(items[index]) && width < items[index].leastWidth;
+        frames.push_back(CGRectMake(x, row.origin.y, isTooShort ? 0.0 : width, row.size.height));
         x += width;
     }
     return frames;

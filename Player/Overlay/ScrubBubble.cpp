@@ -25,7 +25,7 @@ void ScrubBubble::show(double time, const CoreGraphics::CGPoint& tip) {
         label_->updateLabelWithTime(static_cast<float>(seconds));
     }
     view_->pointAt(tip, host_->bounds());
-    view_->setHidden(false);
+    view_->setHidden(view_->frame().origin.y < 0.0);
 }
 
 void ScrubBubble::hide() { view_->setHidden(true); }

@@ -13,6 +13,11 @@ void SeekQueue::seek(double time, SeekPrecision precision) {
     }
 }
 
+void SeekQueue::forget() {
+    sent_.reset();
+    waiting_.reset();
+}
+
 void SeekQueue::playbackDidChange() {
     if (playback_.state().isSeeking) {
         return;

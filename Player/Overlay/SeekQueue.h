@@ -16,6 +16,9 @@ public:
     /// `time` in seconds.
     void seek(double time, SeekPrecision precision);
 
+    /// Sends nothing more of what was asked for: it was about another film.
+    void forget();
+
     /// Call it after each change of the playback's state.
     void playbackDidChange();
 

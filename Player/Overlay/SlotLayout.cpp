@@ -24,7 +24,7 @@ void fillSlot(const UIKit::UIView& slot, const std::shared_ptr<KivUICore::UIComp
     const auto seekBar = Foundation::as<KivUICore::SeekBar>(component);
     const std::shared_ptr<MPVolumeView> routeButton = seekBar ? seekBar->airplayButton() : nullptr;
     if (routeButton && routeButton->isRouteButtonVisible()) {
-        room.size.width -= routeButtonWidth;
+        room.size.width = std::max(0.0, room.size.width - routeButtonWidth);
         CGRect frame = routeButton->frame();
         frame.origin.x = CGRectGetMaxX(room);
         routeButton->setFrame(frame);
@@ -38,7 +38,7 @@ void fillSlot(const UIKit::UIView& slot, const std::shared_ptr<KivUICore::UIComp
 
 void layOutSlots(KivBar& bar, std::span<const RowItem> items) {
     const std::vector<std::shared_ptr<UIKit::UIView>> slots = bar.view()->subviews();
-    const KivBar::Elemets elements = bar.elemets().value_or(KivBar::Elemets());
+    const KivBar::Elemets elements = bar.placedElemets();
     const std::vector<CGRect> frames = layOutRow(items, CGRectInset(bar.view()->bounds(), margin, 0.0));
     const std::size_t count = std::min({slots.size(), elements.size(), frames.size()});
     for (std::size_t index = 0; index < count; ++index) {

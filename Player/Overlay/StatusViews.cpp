@@ -1,13 +1,12 @@
 #include "Player/Overlay/StatusViews.h"
 
-#include "KivUICore/KivBar.h"
 #include "Platform/Foundation/NSTimer.h"
+#include "Player/Overlay/Icons.h"
 #include "Player/Overlay/MessageView.h"
 #include "Player/Overlay/NoticeView.h"
 #include "Player/Overlay/PlaybackState.h"
 #include "Player/Overlay/SpinnerView.h"
 
-#include <string_view>
 #include <utility>
 
 namespace Overlay {
@@ -18,44 +17,7 @@ using Foundation::make;
 namespace {
 
 constexpr double patience = 0.5;
-
-bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
-// A name in quotes keeps its beginning and its end alone, so that a small window has room for what comes
-// behind it. Lengths are in bytes, rounded up to whole characters.
-std::string withShortName(std::string text) {
-    constexpr std::size_t longestName = 36;
-    constexpr std::size_t end = 16;
-    const std::size_t open = text.find('\'');
-    const std::size_t close = text.rfind("': ");
-    if (open == std::string::npos || close == std::string::npos || close < open + 1 + longestName) {
-        return text;
-    }
-    std::size_t from = open + 1 + longestName - end;
-    std::size_t to = close - end;
-    while (isContinuation(text[from])) {
-        ++from;
-    }
-    while (isContinuation(text[to])) {
-        --to;
-    }
-    return from < to ? text.replace(from, to - from, "…") : text;
-}
-
-// What comes behind the name.
-std::string reasonIn(const std::string& problem) {
-    constexpr std::string_view mark = "': ";
-    const std::size_t close = problem.rfind(mark);
-    return close == std::string::npos ? problem : problem.substr(close + mark.size());
-}
-
-std::string sentence(std::string text) {
-    text = withShortName(std::move(text));
-    if (!text.empty() && text.front() >= 'a' && text.front() <= 'z') {
-        text.front() = static_cast<char>(text.front() - 'a' + 'A');
-    }
-    return text + ".";
-}
+constexpr double openingPatience = 1.5;
 
 void stop(std::shared_ptr<Foundation::NSTimer>& timer) {
     if (timer) {
@@ -66,60 +28,101 @@ void stop(std::shared_ptr<Foundation::NSTimer>& timer) {
 
 } // namespace
 
-StatusViews::StatusViews(const std::shared_ptr<UIKit::UIView>& host, std::function<void()> retry)
-    : host_(host), retry_(std::move(retry)), spinner_(make<SpinnerView>(CGRect())),
-      message_(make<MessageView>(CGRect())), notice_(make<NoticeView>(CGRect())) {
+StatusViews::StatusViews(const std::shared_ptr<UIKit::UIView>& host, std::function<void()> retry,
+                         std::function<void()> cancel)
+    : host_(host), retry_(std::move(retry)), cancel_(std::move(cancel)),
+      spinner_(make<SpinnerView>(CGRect())), message_(make<MessageView>(CGRect())),
+      notice_(make<NoticeView>(CGRect())) {
     spinner_->sizeToFit();
     message_->setHidden(true);
     host->addSubview(spinner_);
     host->addSubview(message_);
     host->addSubview(notice_);
-    layOut();
 }
 
 StatusViews::~StatusViews() {
+    stop(openingTimer_);
     stop(waitingTimer_);
     stop(nextFilmTimer_);
     message_->clearAction();
 }
 
-void StatusViews::layOut() {
-    const CGRect bounds = host_->bounds();
-    const CGRect between = CGRectInset(bounds, 0.0, KivUICore::KivBar::barHeight());
-    spinner_->setCenter({CGRectGetMidX(bounds), CGRectGetMidY(bounds)});
-    message_->setFrame(between);
-    notice_->setFrame(between);
+void StatusViews::layOut(const CGRect& room) {
+    constexpr CGFloat lowestForText = 40.0;
+    spinner_->setCenter({CGRectGetMidX(room), CGRectGetMidY(room)});
+    spinner_->setAlpha(room.size.height < spinner_->bounds().size.height ? 0.0 : 1.0);
+    message_->setFrame(room);
+    message_->setAlpha(room.size.height < lowestForText ? 0.0 : 1.0);
+    notice_->setFrame(room);
+    notice_->setAlpha(room.size.height < lowestForText ? 0.0 : 1.0);
     layOutMessage();
 }
 
 void StatusViews::show(const PlaybackState& state) {
     showError(state.error);
+    showOpening(state.isOpening ? std::optional(state.title) : std::nullopt);
     showWaiting((state.isWaiting || state.isSeeking) && !state.error);
     showNextFilm(state.nextFilm);
 }
 
 void StatusViews::showNotice(const std::string& text) { notice_->show(text); }
 
-void StatusViews::showProblem(const std::string& problem) { showNotice(sentence(problem)); }
+void StatusViews::showProblem(const PlaybackError& problem) { showNotice(sentenceOf(problem)); }
 
-void StatusViews::showError(const std::optional<std::string>& error) {
+void StatusViews::showError(const std::optional<PlaybackError>& error) {
     if (error == error_) {
         return;
     }
     error_ = error;
-    message_->setHidden(!error);
-    if (error) {
+    updateMessage();
+}
+
+void StatusViews::showOpening(const std::optional<std::string>& name) {
+    if (name == opening_) {
+        return;
+    }
+    const bool isOther = name.has_value() != opening_.has_value();
+    opening_ = name;
+    if (!isOther) {
         layOutMessage();
-        message_->setAction("Try again", retry_);
+        return;
+    }
+    stop(openingTimer_);
+    if (name) {
+        openingTimer_ = Foundation::NSTimer::scheduledTimerWithTimeInterval(
+            openingPatience, false, [this](Foundation::NSTimer& /*timer*/) { setSlow(true); });
+    } else {
+        setSlow(false);
+    }
+}
+
+// The message stands where the spinner does.
+void StatusViews::setSlow(bool isSlow) {
+    if (std::exchange(isSlow_, isSlow) != isSlow) {
+        spinner_->setHidden(isSlow);
+        updateMessage();
+    }
+}
+
+void StatusViews::updateMessage() {
+    message_->setHidden(!error_ && !isSlow_);
+    layOutMessage();
+    if (error_) {
+        const bool isInterrupted = error_->kind == PlaybackError::Kind::Interrupted;
+        message_->setAction(retryIcon(), isInterrupted ? "Go on" : "Try again", retry_);
+    } else if (isSlow_) {
+        message_->setAction(cancelIcon(), "Cancel", cancel_);
     }
 }
 
 // In a low window there is room for the reason alone. The title names the film there too.
 void StatusViews::layOutMessage() {
     constexpr CGFloat lowest = 240.0;
+    const bool isLow = host_->bounds().size.height < lowest;
     if (error_) {
-        const bool isLow = host_->bounds().size.height < lowest;
-        message_->setText(sentence(isLow ? reasonIn(*error_) : *error_));
+        message_->setText(isLow ? reasonSentenceOf(*error_) : sentenceOf(*error_));
+    } else if (isSlow_) {
+        message_->setText(isLow ? "Opening…" : "Opening " + *opening_ + "…");
     }
 }
 
@@ -146,6 +149,8 @@ void StatusViews::showNextFilm(const std::optional<std::string>& name) {
     stop(nextFilmTimer_);
     notice_->keep("");
     if (name) {
+        // What was said about a film before this one is past.
+        notice_->show("");
         nextFilmTimer_ = Foundation::NSTimer::scheduledTimerWithTimeInterval(
             patience, false,
             [this](Foundation::NSTimer& /*timer*/) { notice_->keep("Opening " + *nextFilm_ + "…"); });

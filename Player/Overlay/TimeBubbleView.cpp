@@ -6,6 +6,7 @@
 #include "Player/Overlay/PlateView.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Overlay {
 
@@ -40,8 +41,9 @@ bool TimeBubbleView::init(const CGRect& frame) {
 }
 
 CGSize TimeBubbleView::sizeThatFits(const CGSize& /*size*/) const {
-    const CGFloat width = label_->sizeThatFits({}).width + 2.0 * sidePadding;
-    return {std::max(width, 2.0 * leastArrow), plateHeight + arrowHeight};
+    // Whole points on both sides of the tip.
+    const CGFloat half = std::ceil(label_->sizeThatFits({}).width / 2.0 + sidePadding);
+    return {2.0 * std::max(half, leastArrow), plateHeight + arrowHeight};
 }
 
 void TimeBubbleView::pointAt(const CGPoint& tip, const CGRect& within) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/CoreGraphics/CGGeometry.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -27,6 +29,9 @@ public:
     /// The control that a bar places.
     const std::shared_ptr<KivUICore::Label>& component() const { return component_; }
 
+    /// The width in which every time with so many figures for the hours fits.
+    CoreGraphics::CGFloat widthFor(int hourFigures, Sign sign) const;
+
     /// Whole seconds, not negative; nothing shows no text.
     void show(std::optional<std::int64_t> seconds, Sign sign = Sign::None);
 
@@ -39,5 +44,8 @@ private:
 
 /// The whole seconds in a time that may be anything: none if it is not a number or negative.
 std::int64_t wholeSeconds(double time);
+
+/// With how many figures the hours of a time are shown, given in whole seconds: with none below an hour.
+int hourFigures(std::int64_t seconds);
 
 } // namespace Overlay

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace Overlay {
 
@@ -16,7 +17,7 @@ public:
     bool init(const CoreGraphics::CGRect& frame) override;
 
     /// Put in front of every text that is set from now on.
-    void setSign(const char* sign) { sign_ = sign; }
+    void setSign(std::string sign) { sign_ = std::move(sign); }
 
     /// Called when a touch is lifted inside. Until it is set the label takes no touches.
     void setPressHandler(std::function<void()> handler);

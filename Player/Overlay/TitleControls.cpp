@@ -18,6 +18,7 @@ TitleControls::TitleControls(const std::shared_ptr<UIKit::UIView>& host, const s
       menu_(make<KivUICore::Button>(make<UIKit::UIButton>(CGRect()), openMenu)),
       bar_(make<RowBar<KivUICore::TopBar>>(host)) {
     constexpr CGFloat button = 44.0;
+    constexpr CGFloat shortestTitle = 40.0;
     constexpr CGFloat fontSize = 15.0;
     back_->setImage(backIcon(), UIKit::UIControlStateNormal);
     menu_->setImage(menuIcon(), UIKit::UIControlStateNormal);
@@ -27,8 +28,9 @@ TitleControls::TitleControls(const std::shared_ptr<UIKit::UIView>& host, const s
     bar_->addElementToView(back_, 2);
     bar_->addElementToView(title, 8);
     bar_->addElementToView(menu_, 2);
-    bar_->setRow({{button, RowItem::Width::Fixed, 0},
-                  {0.0, RowItem::Width::Flexible, 0},
+    // Escape goes back too.
+    bar_->setRow({{button, RowItem::Width::Fixed, 1},
+                  {0.0, RowItem::Width::Flexible, 0, shortestTitle},
                   {button, RowItem::Width::Fixed, 0}});
 }
 

@@ -10,6 +10,7 @@ CGPoint TrackSlider::thumbCenter(float value) const {
 }
 
 bool TrackSlider::beginTrackingWithTouch(const UIKit::UITouch& touch) {
+    wasCancelled_ = false;
     jumpedToTouch_ = !UISlider::beginTrackingWithTouch(touch);
     if (!jumpedToTouch_) {
         return true;
@@ -20,6 +21,11 @@ bool TrackSlider::beginTrackingWithTouch(const UIKit::UITouch& touch) {
     }
     setValue(*touched);
     return UISlider::beginTrackingWithTouch(touch);
+}
+
+void TrackSlider::cancelTracking() {
+    wasCancelled_ = true;
+    UISlider::cancelTracking();
 }
 
 } // namespace Overlay

@@ -19,10 +19,16 @@ public:
     /// Whether the last touch that took hold of the thumb moved it by doing so.
     bool jumpedToTouch() const { return jumpedToTouch_; }
 
+    /// Whether the last touch that held the thumb was taken away from it: what it did is not what a viewer
+    /// decided on.
+    bool wasCancelled() const { return wasCancelled_; }
+
     bool beginTrackingWithTouch(const UIKit::UITouch& touch) override;
+    void cancelTracking() override;
 
 private:
     bool jumpedToTouch_ = false;
+    bool wasCancelled_ = false;
 };
 
 } // namespace Overlay

@@ -13,6 +13,7 @@
 #include "Player/Overlay/TimeLabel.h"
 #include "Player/Overlay/TrackSlider.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Overlay {
@@ -23,8 +24,6 @@ using KivUICore::BottomBar;
 using UIKit::UIControlStateNormal;
 
 namespace {
-
-constexpr double hour = 3600.0;
 
 std::shared_ptr<KivUICore::Button> makeButton(const std::function<void()>& action) {
     return make<KivUICore::Button>(make<UIKit::UIButton>(CGRect()), action);
@@ -59,17 +58,28 @@ TransportControls::~TransportControls() {
 
 void TransportControls::layOutRow() {
     constexpr CGFloat button = 44.0;
-    constexpr CGFloat shortestTrack = 84.0;
-    constexpr CGFloat minutes = 48.0;
-    constexpr CGFloat hours = 66.0;
-    const CGFloat time = duration_.value_or(0.0) >= hour ? hours : minutes;
+    constexpr CGFloat track = 64.0;
+    constexpr CGFloat shortestTrack = 44.0;
     constexpr auto fixed = RowItem::Width::Fixed;
+    const CGFloat routeButton = hasRouteButton_ ? button : 0.0;
+    const CGFloat elapsed = elapsed_.widthFor(hourFigures_, TimeDisplay::Sign::None);
+    const CGFloat length = length_.widthFor(hourFigures_, TimeDisplay::Sign::Minus);
+    // The bubble tells the length too, the keys mute, and a double click is full screen.
     bar_->setRow({{button, fixed, 0},
-                  {time, fixed, 4},
-                  {shortestTrack + (hasRouteButton_ ? button : 0.0), RowItem::Width::Flexible, 0},
-                  {time, fixed, 3},
-                  {button, fixed, 1},
+                  {elapsed, fixed, 1},
+                  {track + routeButton, RowItem::Width::Flexible, 0, shortestTrack + routeButton},
+                  {length, fixed, 4},
+                  {button, fixed, 3},
                   {button, fixed, 2}});
+}
+
+// A film of unknown length may play for hours.
+void TransportControls::makeRoomForTimes() {
+    const int figures = hourFigures(std::max(wholeSeconds(duration_.value_or(0.0)), wholeSeconds(position_)));
+    if (figures != hourFigures_) {
+        hourFigures_ = figures;
+        layOutRow();
+    }
 }
 
 bool TransportControls::isRouteButtonVisible() const {
@@ -82,27 +92,46 @@ void TransportControls::show(const PlaybackState& state, double position, bool i
         hasRouteButton_ = !hasRouteButton_;
         layOutRow();
     }
-    if (state.duration != duration_) {
-        duration_ = state.duration;
-        layOutRow();
-        seekBar_->setMaximumValue(static_cast<float>(duration_.value_or(1.0)));
-        if (duration_) {
-            seekBar_->enable();
-        } else {
-            seekBar_->disable();
-        }
-        // In another film the handle has nowhere to travel from.
-        seekBar_->setCurrentValue(duration_ ? static_cast<float>(position) : 0.0F);
-    }
+    showTrack(state, position);
     position_ = isScrubbing() ? scrubTime() : position;
+    makeRoomForTimes();
     moveHandle(position_);
     showTimes(position_);
 }
 
+void TransportControls::showTrack(const PlaybackState& state, double position) {
+    if (state.duration != duration_) {
+        duration_ = state.duration;
+        seekBar_->setMaximumValue(static_cast<float>(duration_.value_or(1.0)));
+        // In another film the handle has nowhere to travel from.
+        if (!isScrubbing()) {
+            seekBar_->setCurrentValue(duration_ ? static_cast<float>(position) : 0.0F);
+        }
+    }
+    const bool isEnabled = duration_ && canSeek(state);
+    if (isEnabled != isTrackEnabled_) {
+        isTrackEnabled_ = isEnabled;
+        if (isEnabled) {
+            seekBar_->enable();
+        } else {
+            seekBar_->disable();
+        }
+    }
+}
+
 void TransportControls::showButtons(const PlaybackState& state, bool isFullScreen) {
-    const PlayIcon playIcon = state.hasEnded   ? PlayIcon::Replay
+    const PlayIcon playIcon = state.error      ? PlayIcon::Play
+                              : state.hasEnded ? PlayIcon::Replay
                               : state.isPaused ? PlayIcon::Play
                                                : PlayIcon::Pause;
+    if (isPlayable(state) != isPlayEnabled_) {
+        isPlayEnabled_ = !isPlayEnabled_;
+        if (isPlayEnabled_) {
+            play_->enable();
+        } else {
+            play_->disable();
+        }
+    }
     if (playIcon != shownPlayIcon_) {
         shownPlayIcon_ = playIcon;
         play_->setImage(playIcon == PlayIcon::Replay ? replayIcon()
@@ -155,11 +184,19 @@ bool TransportControls::isScrubbing() const { return slider_->isTracking(); }
 
 bool TransportControls::scrubBeganWithJump() const { return slider_->jumpedToTouch(); }
 
+void TransportControls::cancelScrub() {
+    if (const std::shared_ptr<UIKit::UIWindow> window = slider_->window()) {
+        window->cancelTouchesIn(*slider_);
+    }
+}
+
+bool TransportControls::scrubWasCancelled() const { return slider_->wasCancelled(); }
+
 const UIKit::UIView& TransportControls::host() const { return *bar_->superview(); }
 
 std::optional<double> TransportControls::timeAt(const CGPoint& point) const {
     const CGPoint local = host().convertPointToView(point, *slider_);
-    if (!duration_ || !CGRectContainsPoint(slider_->bounds(), local)) {
+    if (!isTrackEnabled_ || !CGRectContainsPoint(slider_->bounds(), local)) {
         return std::nullopt;
     }
     return slider_->valueAt(local.x);

@@ -50,7 +50,14 @@ public:
     /// Whether the touch that took hold of the handle went down beside it, and brought it there.
     bool scrubBeganWithJump() const;
 
-    /// The time under a point of the host view; nothing beside the track, or while the length is unknown.
+    /// Takes the handle out of the viewer's hand.
+    void cancelScrub();
+
+    /// Whether the handle was taken away last time, rather than let go.
+    bool scrubWasCancelled() const;
+
+    /// The time under a point of the host view; nothing beside the track, or while the film can't be sent
+    /// there.
     std::optional<double> timeAt(const CoreGraphics::CGPoint& point) const;
 
     /// The point of the host view, on the upper edge of the bar, that is over that time on the track.
@@ -63,6 +70,8 @@ private:
     void layOutRow();
     bool isRouteButtonVisible() const;
     void showButtons(const PlaybackState& state, bool isFullScreen);
+    void makeRoomForTimes();
+    void showTrack(const PlaybackState& state, double position);
     void showTimes(double position);
     void moveHandle(double position);
     const UIKit::UIView& host() const;
@@ -78,7 +87,10 @@ private:
 
     LengthShown lengthShown_ = LengthShown::Duration;
     std::optional<double> duration_;
+    bool isTrackEnabled_ = false;
+    bool isPlayEnabled_ = true;
     bool hasRouteButton_ = false;
+    int hourFigures_ = 0;
     double position_ = 0.0;
     PlayIcon shownPlayIcon_ = PlayIcon::None;
     std::optional<bool> showsMuted_;

@@ -26,6 +26,7 @@ public:
         story.emplace_back("pause");
         now.isPaused = true;
     }
+    void setHeld(bool isHeld) override { held = isHeld; }
     void seek(double time, SeekPrecision precision) override {
         story.push_back((precision == SeekPrecision::Exact ? "exact " : "key frame ") + number(time));
         now.isSeeking = true;
@@ -54,6 +55,7 @@ public:
     void selectAudioDevice(const std::string& identifier) override {
         story.push_back("device " + identifier);
     }
+    void cancelOpening() override { story.emplace_back("cancel opening"); }
     void retry() override {
         story.emplace_back("retry");
         now.error.reset();
@@ -76,6 +78,7 @@ public:
 
     PlaybackState now;
     double seekTarget = 0.0;
+    bool held = false;
     std::vector<std::string> story;
     std::function<void()> onChange;
 

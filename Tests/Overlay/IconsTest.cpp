@@ -2,9 +2,12 @@
 
 #include "Platform/CoreGraphics/CGPath.h"
 #include "Platform/UIKit/UIImage.h"
+#include "Tests/Overlay/DrawingText.h"
 
 #include <cmath>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <variant>
@@ -127,16 +130,35 @@ TEST_P(AnyIcon, HasItsStraightEdgesOnEvenPoints) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Icons, AnyIcon,
-                         testing::Values(NamedIcon{"Play", playIcon}, NamedIcon{"Pause", pauseIcon},
-                                         NamedIcon{"Replay", replayIcon}, NamedIcon{"Retry", retryIcon},
-                                         NamedIcon{"Back", backIcon}, NamedIcon{"Sound", soundIcon},
-                                         NamedIcon{"Muted", mutedIcon},
-                                         NamedIcon{"EnterFullScreen", enterFullScreenIcon},
-                                         NamedIcon{"ExitFullScreen", exitFullScreenIcon},
-                                         NamedIcon{"Menu", menuIcon}, NamedIcon{"Tick", tickIcon},
-                                         NamedIcon{"Empty", emptyIcon}),
+const std::vector<NamedIcon> allIcons{
+    {"Play", playIcon},
+    {"Pause", pauseIcon},
+    {"Replay", replayIcon},
+    {"Retry", retryIcon},
+    {"Cancel", cancelIcon},
+    {"Back", backIcon},
+    {"Sound", soundIcon},
+    {"Muted", mutedIcon},
+    {"EnterFullScreen", enterFullScreenIcon},
+    {"ExitFullScreen", exitFullScreenIcon},
+    {"Menu", menuIcon},
+    {"Tick", tickIcon},
+    {"Empty", emptyIcon},
+};
+
+INSTANTIATE_TEST_SUITE_P(Icons, AnyIcon, testing::ValuesIn(allIcons),
                          [](const auto& tested) { return tested.param.name; });
+
+// Whoever means to change an icon looks at it and then puts its new shape into Icons.txt.
+TEST(Icons, HaveTheShapesThatWereLookedAt) {
+    std::ifstream file(KIVUICORE_ICON_SHAPES);
+    const std::string lookedAt{std::istreambuf_iterator<char>(file), {}};
+    std::string shapes;
+    for (const NamedIcon& each : allIcons) {
+        shapes += each.name + '\n' + describe(*each.icon()->drawing());
+    }
+    EXPECT_EQ(shapes, lookedAt);
+}
 
 TEST(Icons, ThatStandForDifferentThingsDiffer) {
     EXPECT_NE(*playIcon()->drawing(), *pauseIcon()->drawing());

@@ -27,7 +27,7 @@ TEST(KeyCommandTest, EveryKeyHasItsMeaning) {
         {{UIKeyboardHIDUsage::DownArrow, ""}, Action::VolumeDown},
         {{UIKeyboardHIDUsage::None, "m"}, Action::ToggleMute},
         {{UIKeyboardHIDUsage::None, "f"}, Action::ToggleFullScreen},
-        {{UIKeyboardHIDUsage::Escape, ""}, Action::GoBack},
+        {{UIKeyboardHIDUsage::Escape, ""}, Action::Cancel},
         {{UIKeyboardHIDUsage::Home, ""}, Action::GoToFraction},
         {{UIKeyboardHIDUsage::End, ""}, Action::GoToEnd},
         {{UIKeyboardHIDUsage::None, ","}, Action::StepBackward},

@@ -3,6 +3,7 @@
 #include "Hosts/Headless/HeadlessHost.h"
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UILabel.h"
+#include "Player/Overlay/Icons.h"
 #include "Player/Overlay/PlateView.h"
 
 #include <gtest/gtest.h>
@@ -49,7 +50,7 @@ TEST_F(MessageViewTest, PlateFitsItsTextInTheMiddle) {
 
 TEST_F(MessageViewTest, LongMessageAndItsButtonFitBetweenTheBarsOfTheSmallestWindow) {
     message->setText(std::string(600, 'n'));
-    message->setAction("Try again", [] {});
+    message->setAction(retryIcon(), "Try again", [] {});
     const CGRect plate = inWindow(*message->plate());
     const CGRect button = inWindow(*message->button());
     const CGRect text = inWindow(*message->plate()->label());
@@ -66,11 +67,11 @@ TEST_F(MessageViewTest, LongMessageAndItsButtonFitBetweenTheBarsOfTheSmallestWin
 TEST_F(MessageViewTest, PressOfTheButtonRunsItsAction) {
     int runs = 0;
     message->setText("No film");
-    message->setAction("Try again", [&runs] { ++runs; });
+    message->setAction(retryIcon(), "Try again", [&runs] { ++runs; });
     EXPECT_EQ(message->button()->currentTitle(), "Try again");
     tapButton();
     EXPECT_EQ(runs, 1);
-    message->setAction("Another", [&runs] { runs += 10; });
+    message->setAction(retryIcon(), "Another", [&runs] { runs += 10; });
     tapButton();
     EXPECT_EQ(runs, 11);
 }
@@ -78,7 +79,7 @@ TEST_F(MessageViewTest, PressOfTheButtonRunsItsAction) {
 TEST_F(MessageViewTest, OnlyTheButtonTakesTouches) {
     message->setText(std::string(100, 'n'));
     EXPECT_EQ(host.window()->hitTest({160.0, 90.0}), host.window());
-    message->setAction("Try again", [] {});
+    message->setAction(retryIcon(), "Try again", [] {});
     const CGRect text = inWindow(*message->plate()->label());
     EXPECT_EQ(host.window()->hitTest({CGRectGetMidX(text), CGRectGetMidY(text)}), host.window());
     const CGRect button = inWindow(*message->button());
@@ -91,7 +92,7 @@ TEST_F(MessageViewTest, WithoutItsActionTheButtonIsGoneAndThePlateLower) {
     int runs = 0;
     message->setText("No film");
     const CGRect plain = message->plate()->frame();
-    message->setAction("Try again", [&runs] { ++runs; });
+    message->setAction(retryIcon(), "Try again", [&runs] { ++runs; });
     EXPECT_GT(CGRectGetHeight(message->plate()->frame()), CGRectGetHeight(plain) + 20.0);
     message->clearAction();
     EXPECT_TRUE(message->button()->isHidden());
@@ -100,8 +101,48 @@ TEST_F(MessageViewTest, WithoutItsActionTheButtonIsGoneAndThePlateLower) {
     EXPECT_EQ(runs, 0);
 }
 
+TEST_F(MessageViewTest, LowAreaHasAnIconBesideTheText) {
+    const CGRect low = CGRectMake(0.0, 40.0, 200.0, 60.0);
+    int runs = 0;
+    message->setText("No such file.");
+    message->setAction(retryIcon(), "Try again", [&runs] { ++runs; });
+    message->setFrame(low);
+    const CGRect button = inWindow(*message->button());
+    const CGRect text = inWindow(*message->plate()->label());
+    EXPECT_TRUE(CGRectContainsRect(low, inWindow(*message->plate())));
+    EXPECT_TRUE(CGRectContainsRect(inWindow(*message->plate()), button));
+    EXPECT_FALSE(CGRectIntersectsRect(text, button));
+    EXPECT_GE(CGRectGetWidth(button), 40.0);
+    EXPECT_GE(CGRectGetHeight(button), 40.0);
+    EXPECT_EQ(message->button()->currentTitle(), std::nullopt);
+    EXPECT_NE(message->button()->currentImage(), nullptr);
+    EXPECT_GE(CGRectGetWidth(text), message->plate()->label()->sizeThatFits({}).width);
+    tapButton();
+    EXPECT_EQ(runs, 1);
+    message->setFrame(smallArea);
+    EXPECT_EQ(message->button()->currentTitle(), "Try again");
+    EXPECT_GE(CGRectGetMinY(inWindow(*message->button())),
+              CGRectGetMaxY(inWindow(*message->plate()->label())));
+}
+
+TEST_F(MessageViewTest, InTheSmallestAreaTheTextItselfIsPressed) {
+    const CGRect small = CGRectMake(0.0, 0.0, 100.0, 60.0);
+    int runs = 0;
+    message->setText("No such file.");
+    message->setAction(retryIcon(), "Try again", [&runs] { ++runs; });
+    message->setFrame(small);
+    EXPECT_TRUE(CGRectContainsRect(small, inWindow(*message->plate())));
+    EXPECT_EQ(inWindow(*message->button()), inWindow(*message->plate()));
+    EXPECT_EQ(message->button()->currentTitle(), std::nullopt);
+    EXPECT_EQ(message->button()->currentImage(), nullptr);
+    // Two lines of it.
+    EXPECT_GE(CGRectGetHeight(inWindow(*message->plate()->label())), 2.0 * 16.25);
+    tapButton();
+    EXPECT_EQ(runs, 1);
+}
+
 TEST_F(MessageViewTest, ActionMayTearTheMessageDown) {
-    message->setAction("Try again", [this] {
+    message->setAction(retryIcon(), "Try again", [this] {
         message->removeFromSuperview();
         message.reset();
     });
@@ -111,7 +152,7 @@ TEST_F(MessageViewTest, ActionMayTearTheMessageDown) {
 
 TEST_F(MessageViewTest, FollowsItsArea) {
     message->setText("No film");
-    message->setAction("Try again", [] {});
+    message->setAction(retryIcon(), "Try again", [] {});
     message->setFrame(CGRectMake(0.0, 40.0, 800.0, 400.0));
     EXPECT_NEAR(CGRectGetMidX(inWindow(*message->plate())), 400.0, 0.5);
     EXPECT_NEAR(CGRectGetMidY(inWindow(*message->plate())), 240.0, 0.5);

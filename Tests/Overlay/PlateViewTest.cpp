@@ -57,6 +57,15 @@ TEST_F(PlateViewTest, FootMakesItHigher) {
     EXPECT_GT(plate->sizeThatFits({300.0, 100.0}).height, height + 20.0);
 }
 
+TEST_F(PlateViewTest, TailStaysFreeOfText) {
+    plate->label()->setText("No film");
+    const CGFloat width = plate->sizeThatFits({300.0, 50.0}).width;
+    plate->setTailWidth(60.0);
+    EXPECT_LE(CGRectGetMaxX(plate->label()->frame()), 140.0);
+    EXPECT_GT(plate->sizeThatFits({300.0, 50.0}).width, width + 40.0);
+    EXPECT_LE(plate->sizeThatFits({90.0, 50.0}).width, 90.0);
+}
+
 } // namespace
 
 } // namespace Overlay

@@ -19,6 +19,8 @@ using UIKit::UIKey;
 using UIKit::UIKeyboardHIDUsage;
 using Story = std::vector<std::string>;
 
+const PlaybackError unplayable{PlaybackError::Kind::Unplayable, "a.mkv", "no such file"};
+
 // In a window of 640 by 360 points.
 constexpr CGPoint picture{320.0, 180.0};
 constexpr CGPoint backButton{24.0, 20.0};
@@ -258,13 +260,103 @@ TEST_F(PlayerControlsTest, HandleFollowsTheFilmAgainOnceItArrived) {
     EXPECT_EQ(overlay.transportControls().scrubTime(), 60.0);
 }
 
-TEST_F(PlayerControlsTest, CancelledDragEndsWhereTheHandleIs) {
+TEST_F(PlayerControlsTest, CancelledDragTakesTheFilmBackToWhereItWas) {
+    playback.now.position = 20.0;
+    playback.tell();
     host.touchDown(trackMiddle);
+    playback.arrive();
+    host.touchMove(trackEnd);
     playback.arrive();
     playback.takeStory();
     host.touchCancel();
-    EXPECT_EQ(playback.takeStory(), (Story{"exact 50"}));
+    EXPECT_EQ(playback.takeStory(), (Story{"exact 20"}));
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 20.0);
     EXPECT_EQ(reason(), "recent activity");
+    EXPECT_FALSE(playback.held);
+}
+
+TEST_F(PlayerControlsTest, CancelledDragThatWentNowhereLeavesTheFilmAlone) {
+    host.touchDown(trackStart);
+    host.touchCancel();
+    EXPECT_EQ(playback.takeStory(), Story());
+    EXPECT_FALSE(playback.held);
+}
+
+TEST_F(PlayerControlsTest, DragAfterACancelledOneSeeks) {
+    host.touchDown(trackMiddle);
+    host.touchCancel();
+    playback.arrive();
+    playback.arrive();
+    host.advance(1.0);
+    playback.takeStory();
+    tap(trackMiddle);
+    playback.arrive();
+    EXPECT_EQ(playback.takeStory(), (Story{"exact 50"}));
+}
+
+TEST_F(PlayerControlsTest, EscapeInADragTakesTheFilmBackAndDoesNothingElse) {
+    playback.now.position = 20.0;
+    playback.tell();
+    window.fullScreen = true;
+    overlay.windowDidChange();
+    host.touchDown(trackMiddle);
+    playback.arrive();
+    playback.takeStory();
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::Escape, ""}), (Story{"exact 20"}));
+    EXPECT_TRUE(window.fullScreen);
+    EXPECT_EQ(window.closed, 0);
+    EXPECT_FALSE(playback.held);
+    playback.arrive();
+    host.touchMove(trackEnd);
+    host.touchUp(trackEnd);
+    EXPECT_EQ(playback.takeStory(), Story()) << "the rest of the touch means nothing";
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 20.0);
+}
+
+TEST_F(PlayerControlsTest, FilmStandsStillWhileTheHandleIsHeldAndIsNotPausedByThat) {
+    host.touchDown(trackMiddle);
+    EXPECT_TRUE(playback.held);
+    EXPECT_FALSE(playback.now.isPaused);
+    host.touchMove(trackEnd);
+    EXPECT_TRUE(playback.held);
+    host.touchUp(trackEnd);
+    EXPECT_FALSE(playback.held);
+    EXPECT_FALSE(playback.now.isPaused);
+}
+
+TEST_F(PlayerControlsTest, FilmThatIsExchangedInADragIsLeftAloneByIt) {
+    host.touchDown(trackMiddle);
+    host.touchMove(trackEnd);
+    playback.takeStory();
+    playback.now.isSeeking = false;
+    open(0.0);
+    EXPECT_FALSE(overlay.transportControls().isScrubbing());
+    EXPECT_FALSE(playback.held);
+    finishOpening();
+    host.touchUp(trackEnd);
+    playback.tell();
+    EXPECT_EQ(playback.takeStory(), Story());
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 0.0);
+}
+
+TEST_F(PlayerControlsTest, HandleStaysInTheHandWhenTheLengthTurnsOutToBeAnother) {
+    host.touchDown(trackMiddle);
+    playback.now.duration = 200.0;
+    playback.tell();
+    EXPECT_EQ(overlay.transportControls().scrubTime(), 50.0);
+    host.touchUp(trackMiddle);
+}
+
+TEST_F(PlayerControlsTest, OverlayThatGoesInADragLeavesTheFilmAsItWas) {
+    playback.now.position = 20.0;
+    auto second = std::make_unique<PlayerOverlay>(host.window(), playback, window);
+    playback.tell();
+    host.touchDown(trackMiddle);
+    playback.arrive();
+    playback.takeStory();
+    second.reset();
+    EXPECT_EQ(playback.takeStory(), (Story{"exact 20"}));
+    EXPECT_FALSE(playback.held);
 }
 
 TEST_F(PlayerControlsTest, FullScreenButtonAndKeyAndDoubleTapToggle) {
@@ -313,13 +405,12 @@ TEST_F(PlayerControlsTest, BackLeavesFullScreenFirstAndThenThePlayer) {
     EXPECT_EQ(window.closed, 1);
 }
 
-TEST_F(PlayerControlsTest, EscapeGoesBackToo) {
+TEST_F(PlayerControlsTest, EscapeLeavesFullScreenAndNeverThePlayer) {
     window.fullScreen = true;
     press(UIKey{UIKeyboardHIDUsage::Escape, ""});
     EXPECT_FALSE(window.fullScreen);
-    EXPECT_EQ(window.closed, 0);
     press(UIKey{UIKeyboardHIDUsage::Escape, ""});
-    EXPECT_EQ(window.closed, 1);
+    EXPECT_EQ(window.closed, 0);
 }
 
 TEST_F(PlayerControlsTest, KeysControlTheFilm) {
@@ -394,7 +485,7 @@ TEST_F(PlayerControlsTest, KeysInAFilmThatTurnsOutToBeNoneAreForgotten) {
     open(0.0);
     press("5");
     press(".");
-    playback.now.error = "cannot play it";
+    playback.now.error = unplayable;
     finishOpening();
     EXPECT_EQ(playback.takeStory(), Story());
     playback.now.error.reset();
@@ -408,6 +499,55 @@ TEST_F(PlayerControlsTest, PartOfAFilmThatTurnsOutToHaveNoEndIsForgotten) {
     playback.now.isOpening = false;
     playback.tell();
     EXPECT_EQ(playback.takeStory(), Story());
+}
+
+TEST_F(PlayerControlsTest, OpeningThatTakesLongIsToldWithAWayToGiveUp) {
+    playback.now.title = "b.mkv";
+    playback.now.isWaiting = true;
+    open(0.0);
+    host.advance(1.4);
+    EXPECT_EQ(texts(), (Story{"b.mkv", "00:00"})) << "most are open by then";
+    EXPECT_TRUE(isSpinning());
+    host.advance(0.2);
+    EXPECT_EQ(texts().at(0), "Opening b.mkv…");
+    EXPECT_EQ(texts().at(1), "Cancel");
+    for (double y = 60.0; y < 300.0 && playback.story.empty(); y += 10.0) {
+        host.tap({picture.x, y});
+    }
+    EXPECT_EQ(playback.takeStory(), Story{"cancel opening"});
+    playback.now.isOpening = false;
+    playback.now.error = unplayable;
+    playback.tell();
+    EXPECT_EQ(texts().at(0), "Cannot play 'a.mkv': no such file.");
+    EXPECT_EQ(texts().at(1), "Try again");
+    playback.now.error.reset();
+    open(0.0);
+    host.advance(1.4);
+    EXPECT_NE(texts().at(0), "Opening b.mkv…") << "another time is counted anew";
+    host.advance(0.2);
+    EXPECT_EQ(texts().at(0), "Opening b.mkv…");
+    playback.now.title = "c.mkv";
+    playback.tell();
+    EXPECT_EQ(texts().at(0), "Opening c.mkv…");
+    finishOpening();
+    EXPECT_EQ(texts().at(0), "c.mkv");
+}
+
+TEST_F(PlayerControlsTest, EscapeCancelsAnOpeningBeforeItLeavesFullScreen) {
+    const UIKey escape{UIKeyboardHIDUsage::Escape, ""};
+    window.fullScreen = true;
+    open(0.0);
+    EXPECT_EQ(press(escape), Story{"cancel opening"});
+    EXPECT_TRUE(window.fullScreen);
+    finishOpening();
+    playback.now.nextFilm = "other.mkv";
+    playback.tell();
+    EXPECT_EQ(press(escape), Story{"cancel opening"});
+    EXPECT_TRUE(window.fullScreen);
+    playback.now.nextFilm.reset();
+    playback.tell();
+    EXPECT_EQ(press(escape), Story());
+    EXPECT_FALSE(window.fullScreen);
 }
 
 TEST_F(PlayerControlsTest, FilmThatIsTriedOutForLongIsNamedUntilThatIsOver) {
@@ -430,6 +570,14 @@ TEST_F(PlayerControlsTest, FilmThatIsTriedOutForLongIsNamedUntilThatIsOver) {
     playback.now.nextFilm.reset();
     playback.tell();
     EXPECT_FALSE(shows("Opening third.mkv…"));
+}
+
+TEST_F(PlayerControlsTest, NameOfANewerFilmIsNotCoveredByWhatWasSaidOfAnOlderOne) {
+    overlay.showProblem({PlaybackError::Kind::Unplayable, "b.mkv", "no such file"});
+    playback.now.nextFilm = "c.mkv";
+    playback.tell();
+    host.advance(0.6);
+    EXPECT_EQ(texts().front(), "Opening c.mkv…");
 }
 
 TEST_F(PlayerControlsTest, RepeatedSeekKeysAddUpWhileTheFilmIsOnItsWay) {
@@ -547,7 +695,7 @@ TEST_F(PlayerControlsTest, DraggingHoldsTheBars) {
 }
 
 TEST_F(PlayerControlsTest, ErrorAndEndHoldTheBars) {
-    playback.now.error = "it broke";
+    playback.now.error = unplayable;
     playback.tell();
     EXPECT_EQ(reason(), "error");
     playback.now.error.reset();
@@ -602,6 +750,25 @@ TEST_F(PlayerControlsTest, BubbleStaysInTheWindowAtTheEndsOfTheTrack) {
     }
 }
 
+TEST_F(PlayerControlsTest, BubbleGoesWithTheHandleWhenTheWindowIsResized) {
+    host.touchDown(trackMiddle);
+    host.window()->setFrame(CGRectMake(0.0, 0.0, 960.0, 540.0));
+    overlay.hostViewWasResized();
+    const CGRect bubble = overlay.scrubBubble().view()->frame();
+    const CGPoint handle = overlay.transportControls().pointOver(50.0);
+    EXPECT_NE(handle.x, trackMiddle.x);
+    EXPECT_DOUBLE_EQ(CGRectGetMidX(bubble), handle.x);
+    EXPECT_LE(CGRectGetMaxY(bubble), 500.0);
+    EXPECT_GT(CGRectGetMaxY(bubble), 480.0);
+}
+
+TEST_F(PlayerControlsTest, BubbleGoesWhenTheTrackIsResizedAwayFromThePointer) {
+    overlay.pointerMoved(trackMiddle);
+    host.window()->setFrame(CGRectMake(0.0, 0.0, 960.0, 540.0));
+    overlay.hostViewWasResized();
+    EXPECT_TRUE(overlay.scrubBubble().view()->isHidden());
+}
+
 TEST_F(PlayerControlsTest, DragShowsTheTimeAtTheHandle) {
     host.touchDown(trackMiddle);
     EXPECT_EQ(texts().back(), "00:50");
@@ -627,7 +794,7 @@ TEST_F(PlayerControlsTest, VolumeOfAMutedFilmSaysThatItIsMuted) {
 }
 
 TEST_F(PlayerControlsTest, ProblemThatLeavesTheFilmAloneIsToldInPassing) {
-    overlay.showProblem("cannot play 'b.mkv': no such file");
+    overlay.showProblem({PlaybackError::Kind::Unplayable, "b.mkv", "no such file"});
     EXPECT_EQ(texts().front(), "Cannot play 'b.mkv': no such file.");
     EXPECT_EQ(reason(), "recent activity");
     host.advance(20.0);
@@ -635,7 +802,7 @@ TEST_F(PlayerControlsTest, ProblemThatLeavesTheFilmAloneIsToldInPassing) {
 }
 
 TEST_F(PlayerControlsTest, ErrorIsToldWithAWayToTryAgain) {
-    playback.now.error = "cannot play 'a.mkv': no such file";
+    playback.now.error = unplayable;
     playback.tell();
     EXPECT_EQ(texts(),
               (Story{"Cannot play 'a.mkv': no such file.", "Try again", "A film", "00:00", "01:40"}));
@@ -648,7 +815,7 @@ TEST_F(PlayerControlsTest, ErrorIsToldWithAWayToTryAgain) {
 }
 
 TEST_F(PlayerControlsTest, LowWindowTellsOfAnErrorJustWhatWentWrong) {
-    playback.now.error = "cannot play 'a.mkv': no such file";
+    playback.now.error = unplayable;
     playback.tell();
     const auto resize = [this](double height) {
         host.window()->setFrame({{0.0, 0.0}, {640.0, height}});
@@ -659,25 +826,76 @@ TEST_F(PlayerControlsTest, LowWindowTellsOfAnErrorJustWhatWentWrong) {
     EXPECT_EQ(resize(239.0), "No such file.");
     EXPECT_EQ(resize(240.0), "Cannot play 'a.mkv': no such file.");
     EXPECT_EQ(resize(180.0), "No such file.");
-    playback.now.error = "it cannot start";
+    playback.now.error = {PlaybackError::Kind::NoPlayer, {}, {}};
     playback.tell();
-    EXPECT_EQ(texts().front(), "It cannot start.");
+    EXPECT_EQ(texts().front(), "Cannot start libmpv.");
 }
 
-TEST_F(PlayerControlsTest, LongNameLeavesRoomForWhatWentWrong) {
-    const auto told = [this](const std::string& name) {
-        overlay.showProblem("cannot play '" + name + "': no such file");
-        return texts().front();
-    };
-    EXPECT_EQ(told("https://films.example/2026/mountains/a-long-day.mkv"),
-              "Cannot play 'https://films.exampl…s/a-long-day.mkv': no such file.");
-    EXPECT_EQ(told(std::string(36, 'a')), "Cannot play '" + std::string(36, 'a') + "': no such file.");
-    // Characters stay whole.
-    EXPECT_EQ(told("电影电影电影电影电影电影电影电影"),
-              "Cannot play '电影电影电影电…电影电影电影': no such file.");
-    EXPECT_EQ(told("it's: a film"), "Cannot play 'it's: a film': no such file.");
-    overlay.showProblem("': " + std::string(60, '\x80') + "'");
-    EXPECT_EQ(texts().front().size(), 65U);
+TEST_F(PlayerControlsTest, WhereNothingCanBePlayedKeysAndTouchesChangeNothing) {
+    const UIKey right{UIKeyboardHIDUsage::RightArrow, ""};
+    playback.now.error = unplayable;
+    playback.now.duration.reset();
+    playback.tell();
+    const Story before = texts();
+    for (int time = 0; time < 3; ++time) {
+        press(right);
+    }
+    press("5");
+    press(".");
+    press(",");
+    tap(trackMiddle);
+    EXPECT_EQ(tap(playButton), Story());
+    EXPECT_EQ(texts(), before);
+    EXPECT_EQ(playback.takeStory(), Story());
+    // They aren't kept for later either.
+    playback.now.error.reset();
+    playback.now.duration = 100.0;
+    playback.tell();
+    EXPECT_EQ(playback.takeStory(), Story());
+    EXPECT_EQ(tap(playButton), Story{"pause"});
+}
+
+TEST_F(PlayerControlsTest, SpaceTriesAgainWhereNothingCanBePlayed) {
+    playback.now.error = unplayable;
+    playback.tell();
+    EXPECT_EQ(press(" "), Story{"retry"});
+}
+
+TEST_F(PlayerControlsTest, InterruptedFilmGoesOnFromItsPlaceOrBackFromThere) {
+    playback.now.position = 42.0;
+    playback.now.error = {PlaybackError::Kind::Interrupted, "a.mkv", "the connection was lost"};
+    playback.tell();
+    EXPECT_EQ(texts(), (Story{"Cannot go on with 'a.mkv': the connection was lost.", "Go on", "A film",
+                              "00:42", "01:40"}));
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::LeftArrow, ""}), Story{"exact 37"});
+    playback.arrive();
+    EXPECT_EQ(tap(playButton), Story{"retry"});
+}
+
+TEST_F(PlayerControlsTest, FilmThatCannotSeekHasNoTrackToTouch) {
+    playback.now.position = 20.0;
+    playback.now.isSeekable = false;
+    playback.tell();
+    EXPECT_EQ(tap(trackMiddle), Story());
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::RightArrow, ""}), Story());
+    EXPECT_EQ(press("5"), Story());
+    overlay.pointerMoved(trackMiddle);
+    EXPECT_TRUE(overlay.scrubBubble().view()->isHidden());
+    EXPECT_EQ(texts(), (Story{"A film", "00:20", "01:40"}));
+    playback.now.isSeekable = true;
+    playback.tell();
+    EXPECT_EQ(tap(trackMiddle), Story{"key frame 50"});
+}
+
+TEST_F(PlayerControlsTest, SeeksStayInThePartOfTheFilmThatIsAtHand) {
+    playback.now.position = 60.0;
+    playback.now.seekableRange = {30.0, 80.0};
+    playback.tell();
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::End, ""}), Story{"exact 80"});
+    playback.arrive();
+    EXPECT_EQ(press(UIKey{UIKeyboardHIDUsage::Home, ""}), Story{"exact 30"});
+    playback.arrive();
+    EXPECT_EQ(tap(trackEnd).front(), "key frame 80");
 }
 
 TEST_F(PlayerControlsTest, SpinnerShowsAfterHalfASecondOfWaiting) {
@@ -694,7 +912,7 @@ TEST_F(PlayerControlsTest, SpinnerShowsAfterHalfASecondOfWaiting) {
     playback.tell();
     host.advance(0.6);
     EXPECT_TRUE(isSpinning());
-    playback.now.error = "it broke";
+    playback.now.error = unplayable;
     playback.tell();
     EXPECT_FALSE(isSpinning());
 }
@@ -768,6 +986,24 @@ TEST_F(PlayerControlsTest, ControlsKeepTheirTargetsAtEverySize) {
             }
         }
     }
+}
+
+TEST_F(PlayerControlsTest, NarrowestWindowKeepsPlayAndTrackAndMoreRoomBringsTheTimePassedFirst) {
+    const auto widths = [this](double width) {
+        host.window()->setFrame(CGRectMake(0.0, 0.0, width, 180.0));
+        overlay.hostViewWasResized();
+        std::vector<bool> isThere;
+        for (const auto& slot : overlay.transportControls().bar()->view()->subviews()) {
+            isThere.push_back(!slot->isHidden() && CGRectGetWidth(slot->frame()) > 0.0);
+        }
+        return isThere;
+    };
+    // Play, the time passed, the track, the length, mute, full screen.
+    EXPECT_EQ(widths(130.0), (std::vector<bool>{true, false, true, false, false, false}));
+    EXPECT_EQ(widths(180.0), (std::vector<bool>{true, true, true, false, false, false}));
+    EXPECT_EQ(widths(220.0), (std::vector<bool>{true, true, true, false, false, true}));
+    EXPECT_EQ(widths(260.0), (std::vector<bool>{true, true, true, false, true, true}));
+    EXPECT_EQ(widths(300.0), (std::vector<bool>{true, true, true, true, true, true}));
 }
 
 } // namespace

@@ -146,6 +146,18 @@ TEST_F(PlayerMenuTest, OpenMenuFollowsTheFilm) {
     EXPECT_EQ(playback.takeStory(), Story{"audio 3"});
 }
 
+TEST_F(PlayerMenuTest, ChangeOfAnotherListLeavesAnOpenMenuAsItIsDrawn) {
+    tap(menuButton);
+    choose(1);
+    host.draw();
+    playback.now.chapters = {{0.0, "Opening"}};
+    playback.tell();
+    EXPECT_FALSE(host.window()->needsDisplay());
+    playback.now.tracks[0].name = "Deutsch";
+    playback.tell();
+    EXPECT_TRUE(host.window()->needsDisplay());
+}
+
 TEST_F(PlayerMenuTest, OpenMenuOverAFilmAtPlayAllocatesNothing) {
     playback.now.tracks[0].name = "English, with what the director and the two writers say about it";
     playback.now.chapters = {{0.0, "Opening"}, {50.0, "End"}};
@@ -237,6 +249,30 @@ TEST_F(PlayerMenuTest, RouteButtonIsThereOnlyWhenThereIsAChoice) {
     EXPECT_EQ(texts(), (Texts{"System default", "HDMI"}));
     choose(1);
     EXPECT_EQ(playback.takeStory().back(), "device alsa/hdmi");
+}
+
+TEST_F(PlayerMenuTest, RouteButtonOfEachOfTwoOverlaysOpensItsOwnMenu) {
+    host.window()->setFrame(CGRectMake(0.0, 0.0, 640.0, 720.0));
+    overlay.hostViewWasResized();
+    const auto above = Foundation::make<UIKit::UIView>(CGRectMake(0.0, 0.0, 640.0, 360.0));
+    host.window()->addSubview(above);
+    FakePlayback other;
+    other.now.duration = 100.0;
+    const PlayerOverlay second(above, other, window);
+    playback.now.audioDevices = {{"auto", "System default", true}, {"alsa/hdmi", "HDMI", false}};
+    playback.tell();
+    tap(routeButton);
+    EXPECT_EQ(texts(), Texts()) << "there is no choice in this one";
+    other.now.audioDevices = {{"auto", "System default", true}, {"alsa/usb", "Headphones", false}};
+    other.tell();
+    playback.takeStory();
+    tap({routeButton.x, 700.0});
+    EXPECT_EQ(texts(), (Texts{"System default", "HDMI"}));
+    tap({5.0, 400.0});
+    // The other bars have hidden meanwhile.
+    tap(outside);
+    tap(routeButton);
+    EXPECT_EQ(texts(), (Texts{"System default", "Headphones"}));
 }
 
 TEST_F(PlayerMenuTest, RouteButtonTakesItsRoomFromTheTrackAndLeavesEnough) {

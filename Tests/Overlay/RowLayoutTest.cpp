@@ -36,10 +36,26 @@ TEST(RowLayoutTest, MostDispensableItemIsLeftOutFirst) {
     EXPECT_EQ(layOut(items, 59.0)[0].size.width, 0.0);
 }
 
+TEST(RowLayoutTest, FlexibleItemGetsShorterWhereNothingElseCanBeLeftOut) {
+    const std::vector<RowItem> items{{40.0, fixed, 0}, {60.0, flexible, 0, 30.0}, {10.0, fixed, 1}};
+    EXPECT_EQ(layOut(items, 110.0)[1].size.width, 60.0);
+    EXPECT_EQ(layOut(items, 109.0)[1].size.width, 69.0);
+    EXPECT_EQ(layOut(items, 70.0)[1], CGRectMake(44.0, 0.0, 30.0, 40.0));
+}
+
+TEST(RowLayoutTest, FlexibleItemThatIsTooShortIsLeftOutAndItsPlaceStaysFree) {
+    const std::vector<CGRect> frames =
+        layOut({{20.0, fixed, 0}, {60.0, flexible, 0, 30.0}, {20.0, fixed, 0}}, 69.0);
+    EXPECT_EQ(frames[1].size.width, 0.0);
+    EXPECT_EQ(frames[2], CGRectMake(53.0, 0.0, 20.0, 40.0));
+}
+
 TEST(RowLayoutTest, IndispensableItemsReachBeyondARowThatIsTooNarrow) {
-    const std::vector<CGRect> frames = layOut({{40.0, fixed, 0}, {20.0, flexible, 0}}, 10.0);
+    const std::vector<CGRect> frames =
+        layOut({{40.0, fixed, 0}, {20.0, flexible, 0}, {20.0, fixed, 0}}, 10.0);
     EXPECT_EQ(frames[0].size.width, 40.0);
-    EXPECT_EQ(frames[1], CGRectMake(44.0, 0.0, 20.0, 40.0));
+    EXPECT_EQ(frames[1].size.width, 0.0);
+    EXPECT_EQ(frames[2], CGRectMake(44.0, 0.0, 20.0, 40.0));
 }
 
 TEST(RowLayoutTest, NoItemsNeedNoRoom) { EXPECT_TRUE(layOut({}, 100.0).empty()); }

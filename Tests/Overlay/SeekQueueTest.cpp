@@ -50,6 +50,15 @@ TEST_F(SeekQueueTest, OtherChangesWhileASeekIsOnItsWaySendNothing) {
     EXPECT_EQ(queue.target(), 6.0);
 }
 
+TEST_F(SeekQueueTest, WhatIsForgottenIsNotSent) {
+    queue.seek(5.0, SeekPrecision::KeyFrame);
+    queue.seek(6.0, SeekPrecision::Exact);
+    queue.forget();
+    EXPECT_EQ(queue.target(), std::nullopt);
+    arrive();
+    EXPECT_EQ(playback.story, (Story{"key frame 5"}));
+}
+
 TEST_F(SeekQueueTest, SeekThatSomebodyElseBeganIsWaitedFor) {
     playback.now.isSeeking = true;
     queue.seek(6.0, SeekPrecision::Exact);

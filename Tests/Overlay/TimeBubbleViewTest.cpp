@@ -25,18 +25,25 @@ protected:
         bubble->label()->setText("12:34");
     }
 
-    /// The lowest point of what is drawn, in the window's coordinates.
-    CGPoint drawnTip() {
+    /// What is drawn around plate and arrow, in the bubble's coordinates.
+    CGPath drawnOutline() {
         host.window()->setNeedsDisplayEverywhere();
-        CGPoint lowest;
         const std::shared_ptr<const CGDrawing> drawing = host.draw();
         for (const CGDrawing::Operation& operation : drawing->operations()) {
             if (const auto* fill = std::get_if<CGDrawing::FillPath>(&operation)) {
-                for (const CGPath::Element& element : fill->path.elements()) {
-                    if (element.points[0].y > lowest.y) {
-                        lowest = element.points[0];
-                    }
-                }
+                return fill->path;
+            }
+        }
+        return {};
+    }
+
+    /// The lowest point of what is drawn, in the window's coordinates.
+    CGPoint drawnTip() {
+        CGPoint lowest;
+        const CGPath outline = drawnOutline();
+        for (const CGPath::Element& element : outline.elements()) {
+            if (element.points[0].y > lowest.y) {
+                lowest = element.points[0];
             }
         }
         return bubble->convertPointToView(lowest, *host.window());
@@ -51,6 +58,19 @@ TEST_F(TimeBubbleViewTest, LiesAboveItsTipAndPointsThere) {
     EXPECT_EQ(CGRectGetMaxY(bubble->frame()), 138.0);
     EXPECT_EQ(CGRectGetMidX(bubble->frame()), 160.0);
     EXPECT_EQ(drawnTip(), (CGPoint{160.0, 138.0}));
+}
+
+TEST_F(TimeBubbleViewTest, ArrowHasTwoEqualHalvesThatBeginAtThePlate) {
+    bubble->pointAt({160.0, 138.0}, area);
+    const CGSize size = bubble->bounds().size;
+    const CGFloat middle = size.width / 2.0;
+    CGPath expected;
+    expected.addRoundedRect({{0.0, 0.0}, {size.width, 24.0}}, 6.0);
+    expected.moveTo({middle - 6.0, 24.0});
+    expected.addLine({middle + 6.0, 24.0});
+    expected.addLine({middle, 30.0});
+    expected.closeSubpath();
+    EXPECT_EQ(drawnOutline(), expected);
 }
 
 TEST_F(TimeBubbleViewTest, StaysInsideAtBothEndsAndStillPointsAtTheTip) {

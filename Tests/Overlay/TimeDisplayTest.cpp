@@ -38,6 +38,26 @@ TEST(TimeDisplayTest, WholeSecondsAreTakenOfAnyTime) {
     EXPECT_EQ(wholeSeconds(std::numeric_limits<double>::infinity()), 1'000'000'000);
 }
 
+TEST(TimeDisplayTest, HoursAreCountedInFigures) {
+    EXPECT_EQ(hourFigures(0), 0);
+    EXPECT_EQ(hourFigures(3599), 0);
+    EXPECT_EQ(hourFigures(3600), 2);
+    EXPECT_EQ(hourFigures(359999), 2);
+    EXPECT_EQ(hourFigures(360000), 3);
+    EXPECT_EQ(hourFigures(3600000), 4);
+}
+
+TEST(TimeDisplayTest, WidthHasRoomForTheLongestTime) {
+    TimeDisplay display;
+    for (const std::int64_t seconds : {0, 3599, 3600, 359999, 360000, 999999999}) {
+        for (const auto sign : {TimeDisplay::Sign::None, TimeDisplay::Sign::Minus}) {
+            display.show(seconds, sign);
+            EXPECT_GE(display.widthFor(hourFigures(seconds), sign), display.view()->sizeThatFits({}).width)
+                << *display.view()->text();
+        }
+    }
+}
+
 } // namespace
 
 } // namespace Overlay

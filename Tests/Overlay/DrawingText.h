@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Platform/CoreGraphics/CGDrawing.h"
+
+#include <string>
+
+namespace Overlay {
+
+/// A drawing of transforms, shapes and lines as text, an operation a line, to a thousandth of a point: paths
+/// are written as in SVG, with M, L, C and Z. Any other operation is a question mark.
+std::string describe(const CoreGraphics::CGDrawing& drawing);
+
+} // namespace Overlay

@@ -3,9 +3,12 @@
 #include "Hosts/Desktop/FilmSource.h"
 #include "Hosts/Desktop/GLCompositor.h"
 #include "Hosts/Desktop/KeyInput.h"
+#include "Hosts/Desktop/ScreenScale.h"
+#include "Hosts/Desktop/ScreenText.h"
 #include "Hosts/Desktop/SoftwareCompositor.h"
 #include "Hosts/Desktop/WheelInput.h"
 #include "Hosts/Desktop/WindowDelegate.h"
+#include "Hosts/Desktop/XWindow.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,25 +19,6 @@ namespace Desktop {
 namespace {
 
 using namespace CoreGraphics;
-
-constexpr const char* noDisplay = "there is no display to open a window on";
-constexpr const char* noDrawing = "the display offers no way to draw on it";
-constexpr const char* noOpenGL = "the display offers no OpenGL 3.2";
-
-// SDL wakes its loop over a second connection to the X server, whose last request may arrive when the window
-// is gone already. The X library would end the program for such an error.
-int ignoreXError(void* /*display*/, void* /*error*/) { return 0; }
-
-// Before SDL starts, which puts back at its end what it found. The library stays loaded, for it keeps the
-// handler.
-void outliveXErrors() {
-    using Handler = int (*)(void*, void*);
-    using SetHandler = Handler (*)(Handler);
-    void* library = SDL_LoadObject("libX11.so.6");
-    if (void* function = library ? SDL_LoadFunction(library, "XSetErrorHandler") : nullptr) {
-        reinterpret_cast<SetHandler>(function)(ignoreXError);
-    }
-}
 
 // Hears for a window that has no delegate.
 WindowDelegate nobody;
@@ -48,32 +32,42 @@ CGSize screenSize(SDL_Window* window) {
 
 } // namespace
 
-// Only what shows a window to somebody; SDL alone would fall back on drawing where nobody looks, or take over
-// the machine's console. Wayland's library complains on the error output where it has no folder for its
-// sockets. The environment variable SDL_VIDEODRIVER goes before this.
+// What the program around has settled, and what its environment says, goes before this. Only what shows a
+// window to somebody; SDL alone would fall back on drawing where nobody looks, or take over the machine's
+// console. Wayland's library complains on the error output where it has no folder for its sockets.
 DesktopWindow::VideoSystem::VideoSystem() {
-    SDL_SetHint(SDL_HINT_VIDEODRIVER, SDL_getenv("XDG_RUNTIME_DIR") ? "x11,wayland" : "x11");
-    SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "0");
-    SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
+    const auto prefer = [](const char* hint, const char* value) {
+        SDL_SetHintWithPriority(hint, value, SDL_HINT_DEFAULT);
+    };
+    prefer(SDL_HINT_VIDEODRIVER, SDL_getenv("XDG_RUNTIME_DIR") ? "x11,wayland" : "x11");
+    prefer(SDL_HINT_TOUCH_MOUSE_EVENTS, "0");
+    prefer(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
     // Where OpenGL isn't used for the film, it isn't for what SDL calls a framebuffer either.
-    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
-    outliveXErrors();
+    prefer(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    const bool isFirst = SDL_WasInit(SDL_INIT_VIDEO) == 0;
     isStarted = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
-    // Keys are commands here: no input method should make words of them.
-    SDL_StopTextInput();
+    if (isFirst) {
+        // Keys are commands here: no input method should make words of them.
+        SDL_StopTextInput();
+    }
 }
 
-DesktopWindow::VideoSystem::~VideoSystem() { SDL_Quit(); }
+// The program around may use SDL itself.
+DesktopWindow::VideoSystem::~VideoSystem() {
+    if (isStarted) {
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    }
+}
 
 std::unique_ptr<DesktopWindow> DesktopWindow::open(const Settings& settings, FilmSource& film,
-                                                   std::string& problem) {
+                                                   Problem& problem) {
     std::unique_ptr<DesktopWindow> window(new DesktopWindow(settings, film));
     if (!window->video_.isStarted) {
-        problem = noDisplay;
+        problem = Problem::NoDisplay;
         return nullptr;
     }
     if (!window->makeCompositor()) {
-        problem = settings.drawing == Drawing::OpenGL ? noOpenGL : noDrawing;
+        problem = settings.drawing == Drawing::OpenGL ? Problem::NoOpenGL : Problem::NoDrawing;
         return nullptr;
     }
     SDL_ShowWindow(window->window_.get());
@@ -107,15 +101,19 @@ bool DesktopWindow::makeCompositor() {
 
 bool DesktopWindow::makeWindow(Uint32 flags) {
     window_.reset(
-        SDL_CreateWindow(settings_.title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
+        SDL_CreateWindow(oneLine(settings_.title).c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
                          static_cast<int>(std::lround(settings_.size.width)),
                          static_cast<int>(std::lround(settings_.size.height)),
                          flags | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI | SDL_WINDOW_HIDDEN));
     if (!window_) {
         return false;
     }
+    if (const std::optional<XWindow> window = XWindow::behind(*window_)) {
+        xErrors_.add(window->identifier());
+        connection_.emplace(window->display(), [this] { delegate_->connectionWasCut(); });
+    }
     const double density = pixelSize().width / screenSize(window_.get()).width;
-    scale_ = settings_.scale.value_or(density);
+    scale_ = settings_.scale ? *settings_.scale : screenScale(*window_);
     if (scale_ != density) {
         SDL_SetWindowSize(window_.get(),
                           static_cast<int>(std::lround(settings_.size.width * scale_ / density)),
@@ -180,8 +178,10 @@ void DesktopWindow::handleWindowEvent(const SDL_WindowEvent& event) {
     case SDL_WINDOWEVENT_LEAVE:
         delegate_->pointerLeft();
         break;
-    case SDL_WINDOWEVENT_FOCUS_LOST:
     case SDL_WINDOWEVENT_HIDDEN:
+        noteHidden();
+        break;
+    case SDL_WINDOWEVENT_FOCUS_LOST:
     case SDL_WINDOWEVENT_MINIMIZED:
         input_.cancel();
         break;
@@ -212,14 +212,30 @@ void DesktopWindow::handleWheel(const SDL_MouseWheelEvent& event) {
 }
 
 void DesktopWindow::handleDrop(const SDL_DropEvent& event) {
-    if (const std::optional<std::string> path = drop_.handle(event)) {
-        delegate_->fileWasDropped(*path);
+    if (const std::optional<std::string> location = drop_.handle(event)) {
+        delegate_->fileWasDropped(*location);
+    }
+}
+
+std::string DesktopWindow::droppedAddresses() const {
+    const std::optional<XWindow> window = XWindow::behind(*window_);
+    return window ? window->droppedAddresses() : "";
+}
+
+// SDL doesn't tell that a window is gone, but a window that goes is hidden first.
+void DesktopWindow::noteHidden() {
+    input_.cancel();
+    const std::optional<XWindow> window = XWindow::behind(*window_);
+    if (window && !window->exists()) {
+        delegate_->windowWasDestroyed();
     }
 }
 
 void DesktopWindow::setDelegate(WindowDelegate* delegate) { delegate_ = delegate ? delegate : &nobody; }
 
-void DesktopWindow::setTitle(const std::string& title) { SDL_SetWindowTitle(window_.get(), title.c_str()); }
+void DesktopWindow::setTitle(const std::string& title) {
+    SDL_SetWindowTitle(window_.get(), oneLine(title).c_str());
+}
 
 void DesktopWindow::setPointerHidden(bool hidden) { SDL_ShowCursor(hidden ? SDL_DISABLE : SDL_ENABLE); }
 

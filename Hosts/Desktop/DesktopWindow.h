@@ -5,6 +5,8 @@
 #include "Hosts/Desktop/DropInput.h"
 #include "Hosts/Desktop/OverlaySurface.h"
 #include "Hosts/Desktop/TouchInput.h"
+#include "Hosts/Desktop/XConnectionWatch.h"
+#include "Hosts/Desktop/XErrorFilter.h"
 #include "Platform/UIKit/UIWindow.h"
 
 #include <SDL.h>
@@ -34,10 +36,12 @@ public:
         Drawing drawing = Drawing::Automatic;
     };
 
-    /// Shows the window. Null when there is no display, or no way to draw on it; `problem` then says which.
-    /// `film` outlives the window.
-    static std::unique_ptr<DesktopWindow> open(const Settings& settings, FilmSource& film,
-                                               std::string& problem);
+    /// Why a window can't be shown: there is no display for it, no way to draw on it, or no OpenGL where that
+    /// is asked for.
+    enum class Problem { NoDisplay, NoDrawing, NoOpenGL };
+
+    /// Shows the window. Null when that can't be; `problem` then says why. `film` outlives the window.
+    static std::unique_ptr<DesktopWindow> open(const Settings& settings, FilmSource& film, Problem& problem);
 
     DesktopWindow(const DesktopWindow&) = delete;
     DesktopWindow& operator=(const DesktopWindow&) = delete;
@@ -49,6 +53,7 @@ public:
     /// One delegate, replaced by the next; null for none. It outlives the window.
     void setDelegate(WindowDelegate* delegate);
 
+    /// Shown as one line, and cut where a window manager would be busy with it for long.
     void setTitle(const std::string& title);
 
     /// Whether the window covers its whole screen.
@@ -95,13 +100,17 @@ private:
     void handleMotion(const SDL_MouseMotionEvent& event);
     void handleWheel(const SDL_MouseWheelEvent& event);
     void handleDrop(const SDL_DropEvent& event);
+    void noteHidden();
+    std::string droppedAddresses() const;
     bool hasFullScreenFlag() const;
     void restoreSize();
     void noteFullScreen();
 
     Settings settings_;
     FilmSource& film_;
+    XErrorFilter xErrors_;
     VideoSystem video_;
+    std::optional<XConnectionWatch> connection_;
     std::unique_ptr<SDL_Window, WindowRelease> window_;
     std::unique_ptr<Compositor> compositor_;
 
@@ -111,7 +120,7 @@ private:
     CairoResources resources_;
     std::optional<OverlaySurface> overlay_;
     bool needsDisplay_ = true;
-    DropInput drop_;
+    DropInput drop_{[this] { return droppedAddresses(); }};
     WindowDelegate* delegate_;
     bool wasFullScreen_ = false;
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace Desktop {
 
@@ -24,6 +25,10 @@ EventLoop::~EventLoop() {
 void EventLoop::run() {
     while (!isStopped_) {
         waitForEvents();
+        if (isStopped_) {
+            return;
+        }
+        handOverWakeUp();
         window_.settle();
         runLoop_.turn();
         displayIfDue();
@@ -53,31 +58,41 @@ void EventLoop::waitForEvents() {
 
 void EventLoop::handle(const SDL_Event& event) {
     if (event.type == wakeUpEvent_) {
-        isWakeUpPending_ = false;
-        onWakeUp_();
+        isAwake_ = true;
     } else {
         window_.handle(event);
     }
 }
 
-double EventLoop::timeUntilNextWork() {
-    double seconds = runLoop_.timeUntilNextWork().value_or(std::numeric_limits<double>::infinity());
-    if (hasNewPicture()) {
-        seconds = std::min(seconds, std::max(0.0, nextPicture_ - runLoop_.now()));
+// Not among the events: who has more to do each time would keep them from ending.
+void EventLoop::handOverWakeUp() {
+    if (std::exchange(isAwake_, false)) {
+        isWakeUpPending_ = false;
+        onWakeUp_();
     }
-    return seconds;
 }
 
-bool EventLoop::hasNewPicture() { return window_.needsDisplay() || film_.hasNewFrame(); }
+double EventLoop::timeUntilNextWork() {
+    const double seconds = runLoop_.timeUntilNextWork().value_or(std::numeric_limits<double>::infinity());
+    return std::min(seconds, timeUntilNextPicture());
+}
+
+double EventLoop::timeUntilNextPicture() {
+    if (!hasShownFilm_ && film_.hasNewFrame()) {
+        return 0.0;
+    }
+    return window_.needsDisplay() || film_.hasNewFrame() ? std::max(0.0, nextPicture_ - runLoop_.now())
+                                                         : std::numeric_limits<double>::infinity();
+}
 
 void EventLoop::displayIfDue() {
-    const double now = runLoop_.now();
-    if (now < nextPicture_ || !hasNewPicture()) {
+    if (timeUntilNextPicture() > 0.0) {
         return;
     }
+    hasShownFilm_ = hasShownFilm_ || film_.hasNewFrame();
     // A little early rather than a frame late.
     constexpr double haste = 0.9;
-    nextPicture_ = now + haste / window_.refreshRate();
+    nextPicture_ = runLoop_.now() + haste / window_.refreshRate();
     window_.display();
 }
 

@@ -1,5 +1,7 @@
 #include "Hosts/Desktop/TextLayoutCache.h"
 
+#include "Hosts/Desktop/ScreenText.h"
+
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -25,9 +27,6 @@ struct AttributesRelease {
 struct FontOptionsRelease {
     void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
 };
-struct MemoryRelease {
-    void operator()(void* memory) const { g_free(memory); }
-};
 
 PangoWeight pangoWeight(CGFontWeight weight) {
     switch (weight) {
@@ -52,6 +51,18 @@ PangoAlignment pangoAlignment(CGTextAlignment alignment) {
         return PANGO_ALIGN_RIGHT;
     }
     return PANGO_ALIGN_LEFT;
+}
+
+// Pango breaks all of a text into lines before it leaves out what doesn't fit, in a time that grows with the
+// square of a word's length. So it is given no more than could fit: hardly a character is narrower than a
+// fifth of the font's size, and no line lower than that size.
+std::size_t mostCharacters(const CGFont& font, int maximumLines, const CGSize& size) {
+    constexpr double narrowest = 0.2;
+    constexpr double mostEver = 4096.0;
+    const double lineLength = size.width / (font.size * narrowest) + 1.0;
+    const double fitting = size.height / font.size + 1.0;
+    const double lines = maximumLines > 0 ? std::min<double>(maximumLines, fitting) : fitting;
+    return static_cast<std::size_t>(std::clamp(lineLength * lines, 1.0, mostEver));
 }
 
 int pangoUnits(double points) { return pango_units_from_double(std::min(points, largestLength)); }
@@ -102,7 +113,7 @@ LineLimit lineLimit(PangoLayout* layout, int maximumLines, double height) {
 void endAtLine(PangoLayout* layout, int line) {
     const std::string_view text = pango_layout_get_text(layout);
     const auto start = static_cast<std::size_t>(pango_layout_get_line_readonly(layout, line)->start_index);
-    const std::size_t end = text.find_first_of("\r\n", start);
+    const std::size_t end = std::min(text.find_first_of("\r\n", start), text.find("\u2029", start));
     if (end != std::string_view::npos) {
         const std::string shortened = std::string(text.substr(0, end)) + "…";
         pango_layout_set_text(layout, shortened.c_str(), -1);
@@ -145,17 +156,15 @@ PangoLayout* TextLayoutCache::layout(cairo_t* context, std::string_view text, co
                                      const CGSize& size) {
     cairo_matrix_t matrix;
     cairo_get_matrix(context, &matrix);
-    const Request<std::string_view> request{text,
-                                            style.font,
-                                            style.alignment,
-                                            style.maximumLines,
-                                            size,
-                                            {matrix.xx, matrix.yx, matrix.xy, matrix.yy}};
+    // With one byte more than is looked at, as much is known as with all of it.
+    const Request<std::string_view> request{
+        text.substr(0, mostTextBytes + 1),           style.font, style.alignment, style.maximumLines, size,
+        {matrix.xx, matrix.yx, matrix.xy, matrix.yy}};
     if (const Layout* known = layouts_.find(request)) {
         return known->get();
     }
-    Request<std::string> key{std::string(text),  style.font, style.alignment,
-                             style.maximumLines, size,       request.scaling};
+    Request<std::string> key{std::string(request.text), style.font, style.alignment,
+                             style.maximumLines,        size,       request.scaling};
     return layouts_.insert(std::move(key), makeLayout(context, request)).get();
 }
 
@@ -171,10 +180,9 @@ TextLayoutCache::Layout TextLayoutCache::makeLayout(cairo_t* context,
     pango_cairo_update_context(context, fontContext.get());
 
     Layout layout(pango_layout_new(fontContext.get()));
-    // Pango complains on the error output about bytes that are no UTF-8.
-    const std::unique_ptr<char, MemoryRelease> valid(
-        g_utf8_make_valid(request.text.data(), static_cast<gssize>(request.text.size())));
-    pango_layout_set_text(layout.get(), valid.get(), -1);
+    const std::string shown =
+        beginningOf(request.text, mostCharacters(request.font, request.maximumLines, request.size));
+    pango_layout_set_text(layout.get(), shown.c_str(), -1);
     setFont(layout.get(), request.font);
     pango_layout_set_alignment(layout.get(), pangoAlignment(request.alignment));
     pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);

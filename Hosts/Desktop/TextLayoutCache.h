@@ -18,9 +18,9 @@ class TextLayoutCache {
 public:
     TextLayoutCache();
 
-    /// The text broken and cut to fit `size` in points, ready to be shown on `context` as that stands. The
-    /// colour of `style` plays no part. `style.font.size` and `size` are above zero. Valid until the next
-    /// call.
+    /// The text broken and cut to fit `size` in points, ready to be shown on `context` as that stands. What
+    /// it takes is bounded, whatever the text. The colour of `style` plays no part. `style.font.size` and
+    /// `size` are above zero. Valid until the next call.
     PangoLayout* layout(cairo_t* context, std::string_view text, const CoreGraphics::CGTextStyle& style,
                         const CoreGraphics::CGSize& size);
 

@@ -25,6 +25,13 @@ public:
     /// A person wants the window closed.
     virtual void windowShouldClose() {}
 
+    /// Another program has destroyed the window: it shows nothing any more.
+    virtual void windowWasDestroyed() {}
+
+    /// The display is out of reach, and the X library is about to end the program with a line on the error
+    /// output, by `exit`. Here it may be ended in another way; the window can't be asked for anything.
+    virtual void connectionWasCut() {}
+
     /// A key went down or repeats, and no view took it.
     virtual void keyWentDown(const UIKit::UIKey& /*key*/) {}
 
@@ -35,8 +42,9 @@ public:
     /// The wheel was turned, away from the person if positive, and no view took it.
     virtual void wheelTurned(CoreGraphics::CGFloat /*notches*/) {}
 
-    /// A file was dropped on the window: the first, if they were several.
-    virtual void fileWasDropped(const std::string& /*path*/) {}
+    /// Something to be opened was dropped on the window, a file's path or an address: the first, if there
+    /// were several.
+    virtual void fileWasDropped(const std::string& /*location*/) {}
 };
 
 } // namespace Desktop

@@ -74,14 +74,14 @@ class DesktopWindowTest : public testing::Test {
 protected:
     DesktopWindowTest() {
         SDL_setenv("SDL_VIDEODRIVER", "offscreen", 1);
-        std::string problem;
+        DesktopWindow::Problem problem{};
         window = DesktopWindow::open({.title = "test",
                                       .size = {400.0, 200.0},
                                       .scale = 2.0,
                                       .drawing = DesktopWindow::Drawing::Software},
                                      film, problem);
         if (!window) {
-            throw std::runtime_error(problem);
+            throw std::runtime_error("no window can be opened");
         }
         window->setDelegate(&diary);
     }
@@ -197,6 +197,31 @@ TEST_F(DesktopWindowTest, PointerIsHiddenAndShown) {
     EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_DISABLE);
     window->setPointerHidden(false);
     EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_ENABLE);
+}
+
+TEST_F(DesktopWindowTest, LeavesToTheProgramAroundWhatThatUsesOfSDL) {
+    ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_TIMER | SDL_INIT_VIDEO), 0);
+    window.reset();
+    EXPECT_EQ(SDL_WasInit(SDL_INIT_TIMER | SDL_INIT_VIDEO), SDL_INIT_TIMER | SDL_INIT_VIDEO);
+    SDL_QuitSubSystem(SDL_INIT_TIMER | SDL_INIT_VIDEO);
+    EXPECT_EQ(SDL_WasInit(SDL_INIT_VIDEO), 0U);
+}
+
+TEST(DesktopWindow, KeepsTheHintsOfTheProgramAround) {
+    SDL_setenv("SDL_VIDEODRIVER", "offscreen", 1);
+    SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "1");
+    NoFilm film;
+    StillClock clock;
+    Foundation::NSRunLoop runLoop{clock};
+    DesktopWindow::Problem problem{};
+    EXPECT_NE(DesktopWindow::open({.title = "test",
+                                   .size = {400.0, 200.0},
+                                   .scale = {},
+                                   .drawing = DesktopWindow::Drawing::Software},
+                                  film, problem),
+              nullptr);
+    EXPECT_STREQ(SDL_GetHint(SDL_HINT_TOUCH_MOUSE_EVENTS), "1");
+    SDL_ResetHint(SDL_HINT_TOUCH_MOUSE_EVENTS);
 }
 
 TEST_F(DesktopWindowTest, WindowWithoutADelegateHearsAllTheSame) {

@@ -1,15 +1,11 @@
 #include "Player/Desktop/ErrorLine.h"
 
-#include <algorithm>
+#include "Player/Desktop/TerminalText.h"
+
 #include <iostream>
 
 namespace Player {
 
-// A file's name may hold line breaks, and what a terminal takes for commands.
-void printErrorLine(std::string text) {
-    const auto isControl = [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; };
-    std::replace_if(text.begin(), text.end(), isControl, '?');
-    std::cerr << "kivplayer: " << text << '\n';
-}
+void printErrorLine(std::string_view text) { std::cerr << "kivplayer: " << terminalText(text) << '\n'; }
 
 } // namespace Player

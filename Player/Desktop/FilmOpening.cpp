@@ -3,23 +3,14 @@
 #include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/MpvClient.h"
 #include "Player/Desktop/MpvLists.h"
+#include "Player/Desktop/SourceRules.h"
 
 #include <limits>
-#include <string_view>
 #include <utility>
 
 namespace Player {
 
 namespace {
-
-// "tcp: Connection to tcp://127.0.0.1:1 failed: Connection refused" ends with what a person wants to know.
-std::string lastPart(std::string_view text) {
-    while (text.ends_with('\n') || text.ends_with('.')) {
-        text.remove_suffix(1);
-    }
-    const std::size_t colon = text.rfind(": ");
-    return std::string(colon == std::string_view::npos ? text : text.substr(colon + 2));
-}
 
 // No seek ever counts that far.
 constexpr std::uint64_t openCommand = std::numeric_limits<std::uint64_t>::max() - 1;
@@ -34,18 +25,19 @@ void FilmOpening::begin(MpvClient& client, const std::string& location, double s
         failure_ = client.failure();
         return;
     }
-    if (!isUrl(location)) {
-        if (const std::optional<std::string> reason = whyUnreadable(location)) {
-            client.command({"stop"});
-            fail(*reason);
-            return;
-        }
+    if (const auto reason = isLocal() ? whyUnreadable(*localPath(location)) : std::nullopt) {
+        client.command({"stop"});
+        fail(*reason);
+        return;
     }
+    client.setLogDetail(isLocal() ? MpvClient::LogDetail::Problems : MpvClient::LogDetail::Network);
     client.setText("start", std::to_string(start));
     client.command({"loadfile", location.c_str()}, openCommand);
     ++unanswered_;
     isAwaited_ = true;
 }
+
+bool FilmOpening::isLocal() const { return localPath(location_).has_value(); }
 
 void FilmOpening::takeOver(std::string location) {
     const int unanswered = unanswered_;
@@ -54,30 +46,83 @@ void FilmOpening::takeOver(std::string location) {
     unanswered_ = unanswered;
 }
 
-void FilmOpening::handle(const mpv_event& event, const MpvClient& client) {
+void FilmOpening::handle(const mpv_event& event, MpvClient& client) {
     switch (event.event_id) {
     case MPV_EVENT_COMMAND_REPLY:
         unanswered_ -= event.reply_userdata == openCommand ? 1 : 0;
         break;
     case MPV_EVENT_START_FILE:
         if (unanswered_ == 0 && !std::exchange(isAwaited_, false)) {
-            const auto& start = *static_cast<const mpv_event_start_file*>(event.data);
-            takeOver(locationOfEntry(client, start.playlist_entry_id).value_or(location_));
-            begin_ = client.time();
+            noteStart(static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id, client);
         }
+        break;
+    case MPV_EVENT_QUEUE_OVERFLOW:
+        if (unanswered_ == 0) {
+            catchUp(client);
+        }
+        break;
+    case MPV_EVENT_HOOK:
+        answer(*static_cast<const mpv_event_hook*>(event.data), client);
         break;
     default:
         if (!isAwaited_) {
-            noteEvent(event);
+            noteEvent(event, client);
         }
         break;
     }
 }
 
-void FilmOpening::noteEvent(const mpv_event& event) {
+void FilmOpening::answer(const mpv_event_hook& question, const MpvClient& client) {
+    entryLocation_ = client.text("path").value_or("");
+    const std::optional<std::string> reason = SourceRules::answer(client.handle(), question);
+    if (reason && !isAwaited_) {
+        refusal_ = reason;
+        hasRefused_ = true;
+    }
+}
+
+// The entries of a list are tried under the list's name: there may be thousands before one can be played.
+void FilmOpening::noteStart(std::int64_t entry, const MpvClient& client) {
+    if (isLoaded_ || !lists_.includes(entry)) {
+        takeOver(locationOfEntry(client, entry).value_or(location_));
+        begin_ = client.time();
+    } else {
+        isOneOfMany_ = isOneOfMany_ || lists_.includes(entry_);
+        isIdle_ = false;
+    }
+    entry_ = entry;
+}
+
+// Events were lost. What is so now is all that can be known.
+void FilmOpening::catchUp(const MpvClient& client) {
+    isAwaited_ = false;
+    isOneOfMany_ = true;
+    isIdle_ = client.flag("idle-active").value_or(false);
+    if (isIdle_) {
+        endError_ = endError_.value_or(MPV_ERROR_LOADING_FAILED);
+    } else if (client.number("track-list/count").value_or(0) > 0) {
+        nameEntry();
+        isLoaded_ = true;
+        isAtStart_ = !client.flag("seeking").value_or(true);
+    }
+}
+
+void FilmOpening::nameEntry() {
+    if (isOfList() && !entryLocation_.empty()) {
+        location_ = entryLocation_;
+    }
+}
+
+void FilmOpening::noteEvent(const mpv_event& event, MpvClient& client) {
     switch (event.event_id) {
+    case MPV_EVENT_IDLE:
+        isIdle_ = true;
+        break;
     case MPV_EVENT_FILE_LOADED:
         isLoaded_ = true;
+        client.setLogDetail(MpvClient::LogDetail::Problems);
+        endError_.reset();
+        nameEntry();
         break;
     case MPV_EVENT_PLAYBACK_RESTART:
         isAtStart_ = isLoaded_;
@@ -85,69 +130,117 @@ void FilmOpening::noteEvent(const mpv_event& event) {
     case MPV_EVENT_LOG_MESSAGE:
         noteLog(*static_cast<const mpv_event_log_message*>(event.data));
         break;
-    case MPV_EVENT_END_FILE: {
-        const auto& end = *static_cast<const mpv_event_end_file*>(event.data);
-        hasEnded_ = end.reason == MPV_END_FILE_REASON_EOF;
-        if (end.reason == MPV_END_FILE_REASON_ERROR) {
-            endError_ = end.error;
-        }
+    case MPV_EVENT_END_FILE:
+        noteEnd(*static_cast<const mpv_event_end_file*>(event.data));
         break;
-    }
     default:
         break;
     }
 }
 
-// What a server answers is only a warning to the library, which may come round it.
-void FilmOpening::noteLog(const mpv_event_log_message& message) {
-    const std::string_view prefix = message.prefix;
-    if (prefix != "ffmpeg" && prefix != "file") {
-        return;
-    }
-    const std::string part = lastPart(message.text);
-    if (message.log_level <= MPV_LOG_LEVEL_ERROR || part.starts_with("HTTP error")) {
-        cause_ = part;
+void FilmOpening::noteEnd(const mpv_event_end_file& end) {
+    hasEnded_ = end.reason == MPV_END_FILE_REASON_EOF;
+    if (end.reason == MPV_END_FILE_REASON_ERROR) {
+        endError_ = end.error;
+    } else if (end.reason == MPV_END_FILE_REASON_REDIRECT) {
+        lists_.noteList(end);
     }
 }
 
-void FilmOpening::conclude(const MpvClient& client) {
+void FilmOpening::noteLog(const mpv_event_log_message& message) {
+    const std::optional<std::string> refusal = SourceRules::refusalIn(message.text);
+    if (refusal && !hasRefused_) {
+        refusal_ = refusal;
+    }
+    log_.note(message);
+}
+
+void FilmOpening::conclude(MpvClient& client) {
     if (failure_) {
         return;
     }
-    hasDecoded_ = hasDecoded_ || (isLoaded_ && hasDecodedAnything(client));
-    if (endError_) {
-        fail(describeEnd(client));
-    } else if (!hasDecoded_ && (hasEnded_ || (isLoaded_ && client.flag("eof-reached").value_or(false)))) {
+    // Not earlier: the library answers nothing while its first picture waits to be drawn.
+    hasDecoded_ = hasDecoded_ || (isAtStart_ && hasDecodedAnything(client));
+    if (lists_.isEndless()) {
+        client.command({"stop"});
+        fail("it leads from one list to the next without end");
+    } else if (isInVain(client)) {
+        failInVain(client);
+    }
+}
+
+// While the library isn't idle it goes on to the next entry of a list.
+bool FilmOpening::isInVain(const MpvClient& client) const {
+    const bool isOver = isIdle_ && (endError_ || (!hasDecoded_ && (hasEnded_ || lists_.hasLists())));
+    return isOver || (!hasDecoded_ && isAtStart_ && client.flag("eof-reached").value_or(false));
+}
+
+void FilmOpening::failInVain(const MpvClient& client) {
+    if (isLoaded_ && !endError_) {
         fail("nothing in it can be decoded");
+    } else if (lists_.hasLists() && lists_.isEmpty()) {
+        fail("there is nothing in it to play");
+    } else if (isOneOfMany_ || !endError_) {
+        fail("nothing in it can be played");
+    } else {
+        nameEntry();
+        fail(describeEnd(client));
     }
 }
 
 // That a server took too long is the one failure of it that the library doesn't tell.
-std::string FilmOpening::describeSilence(const MpvClient& client) const {
+std::optional<std::string> FilmOpening::describeSilence(const MpvClient& client) const {
     const std::int64_t patience = client.number("network-timeout").value_or(0);
     const bool isOver = client.time() - begin_ >= static_cast<double>(patience);
-    return isUrl(location_) && patience > 0 && isOver
-               ? "the server did not answer within " + std::to_string(patience) + " seconds"
-               : "it cannot be opened";
+    return !isLocal() && patience > 0 && isOver
+               ? std::optional("the server did not answer within " + std::to_string(patience) + " seconds")
+               : std::nullopt;
+}
+
+std::string FilmOpening::describeLoading(const MpvClient& client) const {
+    for (const auto& reason : {isLocal() ? whyUnreadable(*localPath(location_)) : std::nullopt,
+                               log_.problem(), describeSilence(client), log_.whyNotOpened()}) {
+        if (reason) {
+            return *reason;
+        }
+    }
+    return "it cannot be opened";
 }
 
 std::string FilmOpening::describeEnd(const MpvClient& client) const {
+    constexpr const char* noDecoder =
+        "no decoder fits what is in it: it may be damaged, protected or of a rare kind";
+    if (refusal_) {
+        return *refusal_;
+    }
     switch (*endError_) {
     case MPV_ERROR_UNKNOWN_FORMAT:
-        return "it is no film or sound that can be recognised";
+        return log_.whyNotRecognised().value_or("it is no film or sound that can be recognised");
     case MPV_ERROR_NOTHING_TO_PLAY:
-        return "there is neither picture nor sound in it";
+        return log_.lacksDecoder() ? noDecoder : "there is neither picture nor sound in it";
     case MPV_ERROR_LOADING_FAILED:
-        if (const auto unreadable = isUrl(location_) ? std::nullopt : whyUnreadable(location_)) {
-            return *unreadable;
-        }
-        return cause_.empty() ? describeSilence(client) : cause_;
+        return describeLoading(client);
+    case MPV_ERROR_AO_INIT_FAILED:
+        return "the sound output cannot be started; is another program using it?";
+    case MPV_ERROR_VO_INIT_FAILED:
+        return "the picture output cannot be started";
+    case MPV_ERROR_NOMEM:
+        return "there is not enough memory";
     default:
-        return mpv_error_string(*endError_);
+        return noDecoder;
     }
 }
 
-void FilmOpening::fail(const std::string& reason) { failure_ = "cannot play '" + location_ + "': " + reason; }
+void FilmOpening::cancel(MpvClient& client) {
+    client.command({"stop"}, openCommand);
+    ++unanswered_;
+    isAwaited_ = false;
+    fail("opening it was cancelled");
+}
+
+void FilmOpening::fail(const std::string& reason) {
+    failure_ = {Overlay::PlaybackError::Kind::Unplayable, shownLocation(location_), withoutSecrets(reason)};
+}
 
 bool hasDecodedAnything(const MpvClient& client) {
     return client.number("video-out-params/w") || client.number("audio-params/samplerate");

@@ -17,9 +17,7 @@ FilmProbe::FilmProbe(const std::string& location, std::function<void()> wakeUp)
 }
 
 void FilmProbe::update() {
-    while (const mpv_event* event = client_.nextEvent()) {
-        opening_.handle(*event, client_);
-    }
+    client_.takeEvents([this](const mpv_event& event) { opening_.handle(event, client_); });
     opening_.conclude(client_);
 }
 

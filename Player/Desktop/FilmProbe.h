@@ -17,6 +17,10 @@ public:
     /// `wakeUp` is called on any thread when `update` may have something to do; it must not call back.
     FilmProbe(const std::string& location, std::function<void()> wakeUp);
 
+    FilmProbe(const FilmProbe&) = delete;
+    FilmProbe& operator=(const FilmProbe&) = delete;
+    ~FilmProbe() { client_.abandon(); }
+
     void setWakeUp(std::function<void()> wakeUp) { client_.setWakeUp(std::move(wakeUp)); }
 
     /// Takes in what has happened since the last call.
@@ -26,7 +30,7 @@ public:
 
     /// True once it is known that the film can be played; never where `failure` says otherwise.
     bool isPlayable() const { return !opening_.failure() && opening_.isAtStart(); }
-    const std::optional<std::string>& failure() const { return opening_.failure(); }
+    const std::optional<Overlay::PlaybackError>& failure() const { return opening_.failure(); }
 
 private:
     MpvClient client_;

@@ -1,12 +1,22 @@
 #include "Player/Desktop/MpvClient.h"
 
+#include "Player/Desktop/Endings.h"
+#include "Player/Desktop/SourceRules.h"
+
 #include <array>
+#include <chrono>
 
 namespace Player {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, const char*>, 17> usualSettings{{
+// Never destroyed: what takes long may still be about to end when the program does.
+Endings& endings() {
+    static auto* const all = new Endings;
+    return *all;
+}
+
+constexpr std::array<std::pair<const char*, const char*>, 19> usualSettings{{
     {"config", "no"},
     {"terminal", "no"},
     {"osc", "no"},
@@ -22,10 +32,17 @@ constexpr std::array<std::pair<const char*, const char*>, 17> usualSettings{{
     {"keep-open-pause", "no"},
     {"hr-seek", "yes"},
     {"audio-fallback-to-null", "yes"},
+    // Subtitles of every kind are placed in the window and sized by the film, also where it has black edges.
+    {"sub-ass-force-margins", "yes"},
+    {"sub-scale-with-window", "no"},
     {"network-timeout", "10"},
     {"gpu-hwdec-interop", "no"},
     {"audio-client-name", "kivplayer"},
 }};
+
+constexpr const char* problemsAlone = "all=warn";
+constexpr const char* problemsAndNetwork =
+    "all=warn,ffmpeg=trace,ffmpeg/video=warn,ffmpeg/audio=warn,ffmpeg/demuxer=warn";
 
 } // namespace
 
@@ -38,25 +55,45 @@ MpvClient::MpvClient(const std::vector<Setting>& settings) : handle_(mpv_create(
 }
 
 MpvClient::~MpvClient() {
+    constexpr auto longestWait = std::chrono::seconds(1);
+    abandon();
+    endings().waitForAll(longestWait);
+}
+
+bool MpvClient::isAnyEnding() { return endings().isAny(); }
+
+void MpvClient::abandon() {
     setWakeUp([] {});
+    handle_.reset();
+}
+
+void MpvClient::Release::operator()(mpv_handle* handle) const {
+    endings().begin([handle] { mpv_terminate_destroy(handle); });
 }
 
 void MpvClient::start(const std::vector<Setting>& settings) {
     for (const auto& [name, value] : usualSettings) {
         mpv_set_option_string(handle_.get(), name, value);
     }
+    for (const auto& [name, value] : SourceRules::settings()) {
+        mpv_set_option_string(handle_.get(), name.c_str(), value.c_str());
+    }
     for (const auto& [name, value] : settings) {
         mpv_set_option_string(handle_.get(), name.c_str(), value.c_str());
     }
-    mpv_request_log_messages(handle_.get(), "warn");
+    mpv_set_option_string(handle_.get(), "msg-level", problemsAlone);
+    // The level of the terminal that there isn't: the only one that can be another for each part of the
+    // library.
+    mpv_request_log_messages(handle_.get(), "terminal-default");
     if (const int error = mpv_initialize(handle_.get()); error < 0) {
-        fail(std::string(": ") + mpv_error_string(error));
+        fail(mpv_error_string(error));
         return;
     }
+    SourceRules::askFor(handle_.get());
 }
 
 void MpvClient::fail(const std::string& reason) {
-    failure_ = "cannot start libmpv" + reason;
+    failure_ = {Overlay::PlaybackError::Kind::NoPlayer, {}, reason};
     handle_.reset();
 }
 
@@ -79,6 +116,18 @@ const mpv_event* MpvClient::nextEvent() {
     return event->event_id == MPV_EVENT_NONE ? nullptr : event;
 }
 
+void MpvClient::takeEvents(const std::function<void(const mpv_event&)>& handle) {
+    constexpr double longestTurn = 0.02;
+    const double end = time() + longestTurn;
+    while (const mpv_event* event = nextEvent()) {
+        handle(*event);
+        if (time() >= end) {
+            wakeUp_();
+            break;
+        }
+    }
+}
+
 void MpvClient::command(std::initializer_list<const char*> words, std::uint64_t identifier) {
     if (handle_) {
         std::vector<const char*> arguments(words);
@@ -87,10 +136,10 @@ void MpvClient::command(std::initializer_list<const char*> words, std::uint64_t 
     }
 }
 
-void MpvClient::setFlag(const char* name, bool value) {
+void MpvClient::setFlag(const char* name, bool value, std::uint64_t identifier) {
     if (handle_) {
         int number = value ? 1 : 0;
-        mpv_set_property_async(handle_.get(), 0, name, MPV_FORMAT_FLAG, &number);
+        mpv_set_property_async(handle_.get(), identifier, name, MPV_FORMAT_FLAG, &number);
     }
 }
 
@@ -105,6 +154,10 @@ void MpvClient::setText(const char* name, const std::string& value) {
         const char* text = value.c_str();
         mpv_set_property_async(handle_.get(), 0, name, MPV_FORMAT_STRING, &text);
     }
+}
+
+void MpvClient::setLogDetail(LogDetail detail) {
+    setText("msg-level", detail == LogDetail::Network ? problemsAndNetwork : problemsAlone);
 }
 
 double MpvClient::time() const {
@@ -126,6 +179,16 @@ std::optional<std::int64_t> MpvClient::number(const char* name) const {
         return std::nullopt;
     }
     return value;
+}
+
+std::optional<std::string> MpvClient::text(const char* name) const {
+    char* value = handle_ ? mpv_get_property_string(handle_.get(), name) : nullptr;
+    if (!value) {
+        return std::nullopt;
+    }
+    std::string result = value;
+    mpv_free(value);
+    return result;
 }
 
 } // namespace Player

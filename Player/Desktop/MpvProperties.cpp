@@ -1,5 +1,6 @@
 #include "Player/Desktop/MpvProperties.h"
 
+#include "Hosts/Desktop/ScreenText.h"
 #include "Player/Desktop/MpvClient.h"
 #include "Player/Desktop/MpvLists.h"
 
@@ -34,14 +35,26 @@ void takeDuration(MpvProperties& properties, const void* value) {
     properties.duration = isKnown ? std::optional(number(value)) : std::nullopt;
 }
 
-void takeTitle(MpvProperties& properties, const void* value) {
-    properties.title =
-        value ? std::optional<std::string>(*static_cast<const char* const*>(value)) : std::nullopt;
+// What nothing can be seen of is none.
+std::optional<std::string> oneLine(const void* value) {
+    const std::string line = value ? Desktop::oneLine(*static_cast<const char* const*>(value)) : "";
+    return line.empty() ? std::nullopt : std::optional(line);
 }
+
+void takeTitle(MpvProperties& properties, const void* value) { properties.title = oneLine(value); }
+void takeFileName(MpvProperties& properties, const void* value) { properties.fileName = oneLine(value); }
 
 void takePaused(MpvProperties& properties, const void* value) { properties.isPaused = isSet(value); }
 void takeEnd(MpvProperties& properties, const void* value) { properties.isAtEnd = isSet(value); }
 void takeWaiting(MpvProperties& properties, const void* value) { properties.isWaitingForData = isSet(value); }
+void takeSeekable(MpvProperties& properties, const void* value) {
+    properties.isSeekable = !value || isSet(value);
+}
+
+void takeCache(MpvProperties& properties, const void* value) {
+    properties.cache = value ? readCache(node(value)) : FilmCache();
+}
+
 void takeMuted(MpvProperties& properties, const void* value) { properties.isMuted = isSet(value); }
 
 void takeVolume(MpvProperties& properties, const void* value) {
@@ -52,6 +65,8 @@ void takeVolume(MpvProperties& properties, const void* value) {
 void takeSpeed(MpvProperties& properties, const void* value) {
     properties.speed = value ? number(value) : properties.speed;
 }
+
+void takePicture(MpvProperties& properties, const void* value) { properties.hasPicture = value != nullptr; }
 
 void takeTracks(MpvProperties& properties, const void* value) {
     properties.tracks = value ? readTracks(node(value)) : std::vector<Overlay::Track>();
@@ -77,7 +92,7 @@ void takeAudioDevice(MpvProperties& properties, const void* value) {
     markSelectedDevice(properties);
 }
 
-constexpr std::array<Observed, 13> observed{{
+constexpr std::array<Observed, 17> observed{{
     // To list the devices is to start all sound drivers there are, which takes time, and to hear them
     // complain: these two are told when they change, and not at all to who has no sound.
     {"audio-device-list", MPV_FORMAT_NODE, takeAudioDevices},
@@ -85,17 +100,23 @@ constexpr std::array<Observed, 13> observed{{
     {"time-pos", MPV_FORMAT_DOUBLE, takePosition},
     {"duration", MPV_FORMAT_DOUBLE, takeDuration},
     {"media-title", MPV_FORMAT_STRING, takeTitle},
-    {"pause", MPV_FORMAT_FLAG, takePaused},
+    {"filename", MPV_FORMAT_STRING, takeFileName},
     {"eof-reached", MPV_FORMAT_FLAG, takeEnd},
     {"paused-for-cache", MPV_FORMAT_FLAG, takeWaiting},
+    {"vid", MPV_FORMAT_INT64, takePicture},
+    {"track-list", MPV_FORMAT_NODE, takeTracks},
+    {"chapter-list", MPV_FORMAT_NODE, takeChapters},
+    {"seekable", MPV_FORMAT_FLAG, takeSeekable},
+    {"pause", MPV_FORMAT_FLAG, takePaused},
     {"volume", MPV_FORMAT_DOUBLE, takeVolume},
     {"mute", MPV_FORMAT_FLAG, takeMuted},
     {"speed", MPV_FORMAT_DOUBLE, takeSpeed},
-    {"track-list", MPV_FORMAT_NODE, takeTracks},
-    {"chapter-list", MPV_FORMAT_NODE, takeChapters},
+    {"demuxer-cache-state", MPV_FORMAT_NODE, takeCache},
 }};
 
 constexpr std::size_t firstWithoutDevices = 2;
+constexpr std::size_t firstOfPlayer = 12;
+constexpr std::size_t cacheIndex = observed.size() - 1;
 
 void release(mpv_format format, void* value) {
     if (format == MPV_FORMAT_STRING) {
@@ -105,13 +126,18 @@ void release(mpv_format format, void* value) {
     }
 }
 
+void observeAgain(const MpvClient& client, std::size_t index) {
+    mpv_unobserve_property(client.handle(), index);
+    mpv_observe_property(client.handle(), index, observed[index].name, observed[index].format);
+}
+
 } // namespace
 
 void MpvProperties::observe(const MpvClient& client, Devices devices) {
     if (!client.handle()) {
         return;
     }
-    for (std::size_t index = devices == Devices::Listed ? 0 : firstWithoutDevices; index < observed.size();
+    for (std::size_t index = devices == Devices::Listed ? 0 : firstWithoutDevices; index < cacheIndex;
          ++index) {
         mpv_observe_property(client.handle(), index, observed[index].name, observed[index].format);
     }
@@ -120,9 +146,25 @@ void MpvProperties::observe(const MpvClient& client, Devices devices) {
 void MpvProperties::observeEndAgain(const MpvClient& client) {
     const auto* const found = std::find_if(observed.begin(), observed.end(),
                                            [](const Observed& each) { return each.take == takeEnd; });
-    const auto index = static_cast<std::uint64_t>(found - observed.begin());
-    mpv_unobserve_property(client.handle(), index);
-    mpv_observe_property(client.handle(), index, found->name, found->format);
+    observeAgain(client, static_cast<std::size_t>(found - observed.begin()));
+}
+
+void MpvProperties::beginFilm(const MpvClient& client, double start) {
+    for (std::size_t index = firstWithoutDevices; index < firstOfPlayer; ++index) {
+        observed[index].take(*this, nullptr);
+        observeAgain(client, index);
+    }
+    hasPicture.reset();
+    cache = {};
+    position = start;
+}
+
+void MpvProperties::observeCache(const MpvClient& client, Cache cache) {
+    if (cache == Cache::Followed) {
+        observeAgain(client, cacheIndex);
+    } else {
+        mpv_unobserve_property(client.handle(), cacheIndex);
+    }
 }
 
 void MpvProperties::handle(const mpv_event& event) {
@@ -139,6 +181,7 @@ void MpvProperties::refresh(const MpvClient& client) {
     }
     union {
         int flag;
+        std::int64_t integer;
         double number;
         char* text;
         mpv_node node;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Player/Desktop/MpvLists.h"
 #include "Player/Overlay/PlaybackState.h"
 
 #include <mpv/client.h>
@@ -18,9 +19,19 @@ public:
     double position = 0.0;
     std::optional<double> duration;
     std::optional<std::string> title;
+
+    /// What takes the place of the title where the film has none.
+    std::optional<std::string> fileName;
+
+    /// Whether there is a picture to show; nothing until it is told.
+    std::optional<bool> hasPicture;
     bool isPaused = false;
     bool isAtEnd = false;
     bool isWaitingForData = false;
+
+    /// Whether the film can be sent anywhere; otherwise to what is in the cache at most.
+    bool isSeekable = true;
+    FilmCache cache;
     double volume = 1.0;
     bool isMuted = false;
     double speed = 1.0;
@@ -30,6 +41,7 @@ public:
     std::string audioDevice;
 
     enum class Devices { Listed, Unlisted };
+    enum class Cache { Followed, Left };
 
     /// Asks to be told of all of them from now on; of the devices, only if they are to be listed.
     static void observe(const MpvClient& client, Devices devices);
@@ -39,10 +51,19 @@ public:
     /// would seem not to be back there.
     static void observeEndAgain(const MpvClient& client);
 
+    /// Forgets what is the film's own and asks to be told of it anew: libmpv tells only of what differs from
+    /// the film before. `start` in seconds is where this one begins.
+    void beginFilm(const MpvClient& client, double start);
+
+    /// Asks to be told of the cache or not: it changes several times a second.
+    static void observeCache(const MpvClient& client, Cache cache);
+
     /// Takes in one event.
     void handle(const mpv_event& event);
 
-    /// Asks for all but the devices now: what changed a moment ago may not have been told yet.
+    /// Asks for all but the devices now: what changed a moment ago may not have been told yet. While a first
+    /// picture is waiting to be drawn, libmpv answers only when it gives up waiting, after a fifth of a
+    /// second.
     void refresh(const MpvClient& client);
 };
 

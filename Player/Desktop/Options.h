@@ -19,6 +19,9 @@ struct Options {
     /// A folder for pictures, which are taken instead of opening a window.
     std::optional<std::string> snapshotFolder;
 
+    /// Seconds until the film must have shown its picture there.
+    double timeout = 30.0;
+
     /// Where to start, in seconds, not negative.
     double start = 0.0;
 

@@ -3,7 +3,12 @@
 #include "Platform/UIKit/UIWindow.h"
 #include "Player/Desktop/ErrorLine.h"
 #include "Player/Desktop/FilmLocation.h"
+#include "Player/Desktop/SocketFile.h"
 #include "Player/Desktop/SoundOutput.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <unistd.h>
 
 namespace Player {
 
@@ -26,8 +31,30 @@ Drawing drawing(Options::Drawing wanted) {
 MpvPlayback::Settings playbackSettings(const Options& options) {
     return {.start = MpvPlayback::Start::Running,
             .sound = hasSoundOutput() ? MpvPlayback::Sound::Played : MpvPlayback::Sound::Discarded,
-            .isMuted = options.sound == Options::Sound::Muted,
-            .ipcServer = options.ipcServer};
+            .isMuted = options.sound == Options::Sound::Muted};
+}
+
+// A terminal that is closed ends the program as orderly as the signal that the window's library listens to.
+void endByHangUp() {
+    struct sigaction action {};
+    sigaction(SIGHUP, nullptr, &action);
+    if (action.sa_handler == SIG_DFL) {
+        std::signal(SIGHUP, [](int /*number*/) { ::kill(::getpid(), SIGTERM); });
+    }
+}
+
+const char* describe(Desktop::DesktopWindow::Problem problem) {
+    using Problem = Desktop::DesktopWindow::Problem;
+    switch (problem) {
+    case Problem::NoDisplay:
+        return "there is no display to open a window on; start it in a graphical session, or write pictures "
+               "instead with --snapshot DIR";
+    case Problem::NoDrawing:
+        return "the display offers no way to draw on it; write pictures instead with --snapshot DIR";
+    case Problem::NoOpenGL:
+        return "the display offers no OpenGL 3.2; leave --opengl out to draw without it";
+    }
+    return "";
 }
 
 } // namespace
@@ -36,7 +63,7 @@ PlayerApplication::PlayerApplication(const Options& options)
     : options_(options), playback_(playbackSettings(options)) {}
 
 Exit PlayerApplication::run() {
-    std::string problem;
+    Desktop::DesktopWindow::Problem problem{};
     title_ = nameOf(options_.location);
     window_ = Desktop::DesktopWindow::open({.title = title_,
                                             .size = CoreGraphics::CGSizeMake(options_.width, options_.height),
@@ -44,9 +71,8 @@ Exit PlayerApplication::run() {
                                             .drawing = drawing(options_.drawing)},
                                            picture_, problem);
     if (!window_) {
-        return {ExitCode::Usage, playback_.client().failure().value_or(
-                                     problem + "; start it in a graphical session, or write pictures instead "
-                                               "with --snapshot DIR")};
+        return {ExitCode::Usage,
+                playback_.client().failure() ? lineOf(*playback_.client().failure()) : describe(problem)};
     }
     open();
     loop_->run();
@@ -55,13 +81,19 @@ Exit PlayerApplication::run() {
 }
 
 void PlayerApplication::open() {
+    // The film loads while what lies over it is made.
+    playback_.open(options_.location, options_.start);
     overlay_.emplace(window_->views(), playback_, static_cast<Overlay::WindowControls&>(*this));
     loop_.emplace(runLoop_, *window_, picture_, [this] { filmHasNews(); });
     window_->setDelegate(this);
-    playback_.setNoticeHandler([this](const std::string& text) { tellNotice(text); });
+    playback_.setNoticeHandler([this](const Overlay::PlaybackError& problem) { tellNotice(problem); });
+    playback_.setNewsHandler([this](const std::string& text) { overlay_->showNotice(text); });
     playback_.setWakeUp([this] { loop_->wakeUp(); });
+    endByHangUp();
+    if (options_.ipcServer) {
+        playback_.listenAt(*options_.ipcServer);
+    }
     windowWasResized();
-    playback_.open(options_.location, options_.start);
     filmHasNews();
 }
 
@@ -71,7 +103,7 @@ void PlayerApplication::filmHasNews() {
     if (error_ != state.error) {
         error_ = state.error;
         if (error_) {
-            printErrorLine(*error_);
+            printErrorLine(lineOf(*error_));
         }
     }
     if (title_ != state.title) {
@@ -83,9 +115,9 @@ void PlayerApplication::filmHasNews() {
     }
 }
 
-void PlayerApplication::tellNotice(const std::string& text) {
-    printErrorLine(text);
-    overlay_->showProblem(text);
+void PlayerApplication::tellNotice(const Overlay::PlaybackError& problem) {
+    printErrorLine(lineOf(problem));
+    overlay_->showProblem(problem);
 }
 
 void PlayerApplication::windowWasResized() {
@@ -98,6 +130,15 @@ void PlayerApplication::fullScreenDidChange() { overlay_->windowDidChange(); }
 
 void PlayerApplication::windowShouldClose() { close(); }
 
+void PlayerApplication::windowWasDestroyed() { close(); }
+
+// What libmpv's threads still use must not be taken down under them.
+void PlayerApplication::connectionWasCut() {
+    printErrorLine("the connection to the display was cut");
+    SocketFile::removeAtOnce();
+    std::_Exit(static_cast<int>(ExitCode::Failure));
+}
+
 void PlayerApplication::keyWentDown(const UIKit::UIKey& key) { overlay_->handleKey(key); }
 
 void PlayerApplication::pointerMoved(const CoreGraphics::CGPoint& location) {
@@ -108,7 +149,7 @@ void PlayerApplication::pointerLeft() { overlay_->pointerLeft(); }
 
 void PlayerApplication::wheelTurned(CoreGraphics::CGFloat notches) { overlay_->scrolled(notches); }
 
-void PlayerApplication::fileWasDropped(const std::string& path) { playback_.exchange(path); }
+void PlayerApplication::fileWasDropped(const std::string& location) { playback_.exchange(location); }
 
 bool PlayerApplication::isFullScreen() const { return window_->isFullScreen(); }
 

@@ -29,16 +29,18 @@ public:
 private:
     void open();
     void filmHasNews();
-    void tellNotice(const std::string& text);
+    void tellNotice(const Overlay::PlaybackError& problem);
 
     void windowWasResized() override;
     void fullScreenDidChange() override;
     void windowShouldClose() override;
+    void windowWasDestroyed() override;
+    void connectionWasCut() override;
     void keyWentDown(const UIKit::UIKey& key) override;
     void pointerMoved(const CoreGraphics::CGPoint& location) override;
     void pointerLeft() override;
     void wheelTurned(CoreGraphics::CGFloat notches) override;
-    void fileWasDropped(const std::string& path) override;
+    void fileWasDropped(const std::string& location) override;
 
     bool isFullScreen() const override;
     void setFullScreen(bool fullScreen) override;
@@ -55,7 +57,7 @@ private:
     std::optional<Desktop::EventLoop> loop_;
 
     // What was told last.
-    std::optional<std::string> error_;
+    std::optional<Overlay::PlaybackError> error_;
     std::string title_;
 };
 

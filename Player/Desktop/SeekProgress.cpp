@@ -21,7 +21,9 @@ void SeekProgress::handle(const mpv_event& event) {
         stage_ = stage_ == Stage::Going ? Stage::None : stage_;
         break;
     case MPV_EVENT_END_FILE:
-        // A seek whose reply is still to come may be meant for the film after this one.
+    case MPV_EVENT_QUEUE_OVERFLOW:
+        // A seek whose reply is still to come may be meant for the film after this one. Of any other the end
+        // may be among the events that were lost.
         stage_ = stage_ == Stage::Asked ? stage_ : Stage::None;
         break;
     case MPV_EVENT_LOG_MESSAGE:

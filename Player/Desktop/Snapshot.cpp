@@ -6,18 +6,24 @@
 #include "Hosts/Headless/VirtualClock.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/UIKit/UIWindow.h"
+#include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/MpvPicture.h"
 #include "Player/Desktop/MpvPlayback.h"
 #include "Player/Desktop/Options.h"
+#include "Player/Desktop/PictureFile.h"
 #include "Player/Desktop/WakeUpSignal.h"
 #include "Player/Overlay/PlayerOverlay.h"
 #include "Player/Overlay/WindowControls.h"
 
+#include <array>
 #include <cerrno>
+#include <chrono>
 #include <cmath>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <system_error>
 #include <unistd.h>
@@ -49,10 +55,23 @@ Problem prepareFolder(const std::string& folder) {
 bool isReady(const MpvPlayback& playback, const MpvPicture& picture) {
     const MpvClient& client = playback.client();
     const bool hasPicture = client.number("vid").has_value();
-    return playback.isAtStart() && (hasPicture ? picture.hasDrawn() : hasDecodedAnything(client));
+    return playback.isAtStart() && hasDecodedAnything(client) && (!hasPicture || picture.hasDrawn());
+}
+
+std::chrono::steady_clock::time_point endOfPatience(const Options& options) {
+    using namespace std::chrono;
+    return steady_clock::now() + duration_cast<steady_clock::duration>(duration<double>(options.timeout));
+}
+
+std::string whyImpatient(const Options& options) {
+    std::ostringstream reason;
+    reason << "there was no picture of it within " << options.timeout
+           << (options.timeout == 1.0 ? " second" : " seconds") << " (--timeout allows more)";
+    return reason.str();
 }
 
 Problem drawFilm(const Options& options, MpvPlayback& playback, const FilmPixels& pixels) {
+    const auto end = endOfPatience(options);
     WakeUpSignal signal;
     MpvPicture picture(playback);
     playback.setWakeUp([&signal] { signal.raise(); });
@@ -61,8 +80,9 @@ Problem drawFilm(const Options& options, MpvPlayback& playback, const FilmPixels
     playback.setBottomInset(Overlay::PlayerOverlay::bottomInset() / options.height);
     playback.open(options.location, options.start);
     playback.update();
-    while (!playback.state().error && !isReady(playback, picture)) {
-        signal.wait();
+    bool isLate = false;
+    while (!isLate && isPlayable(playback.state()) && !isReady(playback, picture)) {
+        isLate = !signal.waitUntil(end);
         playback.update();
         if (picture.hasNewFrame()) {
             picture.drawIntoMemory(pixels.buffer());
@@ -71,7 +91,12 @@ Problem drawFilm(const Options& options, MpvPlayback& playback, const FilmPixels
     cairo_surface_mark_dirty(pixels.surface());
     playback.refresh();
     playback.setWakeUp([] {});
-    return playback.state().error;
+    const Overlay::PlaybackState& state = playback.state();
+    if (isLate && !state.error) {
+        return lineOf(Overlay::PlaybackError{Overlay::PlaybackError::Kind::Unplayable,
+                                             shownLocation(options.location), whyImpatient(options)});
+    }
+    return isPlayable(state) ? std::nullopt : Problem(lineOf(*state.error));
 }
 
 /// There is no window around a picture.
@@ -106,15 +131,21 @@ CairoSurface compose(const FilmPixels& film, const Desktop::OverlaySurface& over
     return result;
 }
 
-Problem write(cairo_surface_t* surface, const std::string& folder, const char* name) {
-    const std::string path = (std::filesystem::path(folder) / name).string();
-    errno = 0;
-    const cairo_status_t status = cairo_surface_write_to_png(surface, path.c_str());
-    if (status == CAIRO_STATUS_SUCCESS) {
-        return std::nullopt;
+// All are written before the first one takes its place, so that they stay of one kind.
+Problem writeInto(const std::filesystem::path& folder, const std::array<cairo_surface_t*, 3>& surfaces) {
+    std::array<PictureFile, 3> files{PictureFile(folder / "film.png"), PictureFile(folder / "overlay.png"),
+                                     PictureFile(folder / "snapshot.png")};
+    for (std::size_t index = 0; index < files.size(); ++index) {
+        if (Problem problem = files[index].write(surfaces[index])) {
+            return problem;
+        }
     }
-    const char* reason = errno != 0 ? std::strerror(errno) : cairo_status_to_string(status);
-    return "cannot write '" + path + "': " + reason;
+    for (PictureFile& file : files) {
+        if (Problem problem = file.putInPlace()) {
+            return problem;
+        }
+    }
+    return std::nullopt;
 }
 
 Problem writePictures(const Options& options) {
@@ -136,19 +167,14 @@ Problem writePictures(const Options& options) {
     Desktop::OverlaySurface overlay(size, scale, resources);
     drawOverlay(options, scale, playback, overlay);
     const CairoSurface both = compose(film, overlay);
-    for (const auto& [surface, name] :
-         {std::pair(film.surface(), "film.png"), std::pair(overlay.surface(), "overlay.png"),
-          std::pair(both.get(), "snapshot.png")}) {
-        if (Problem problem = write(surface, folder, name)) {
-            return problem;
-        }
-    }
-    return std::nullopt;
+    return writeInto(folder, {film.surface(), overlay.surface(), both.get()});
 }
 
 } // namespace
 
 Exit takeSnapshot(const Options& options) {
+    // A picture that grows beyond a limit for files is told of; it doesn't end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     const Problem problem = writePictures(options);
     return problem ? Exit{ExitCode::Failure, *problem} : Exit{};
 }

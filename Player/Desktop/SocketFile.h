@@ -2,16 +2,23 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace Player {
 
 /// The file of a socket that libmpv makes and leaves behind: taken away with this object, which outlives the
-/// library's instance.
+/// library's instance, and also when the program is ended by a signal that nobody else handles. There is one
+/// at a time.
 class SocketFile {
 public:
-    /// `path` is nothing where there is no socket.
-    explicit SocketFile(std::optional<std::string> path) : path_(std::move(path)) {}
+    /// Why there can't be a socket at `path`, as a sentence without its end; nothing if there can. What is
+    /// there gives way to it, and must be no file that somebody needs.
+    static std::optional<std::string> whyNotAt(const std::string& path);
+
+    /// Takes away the file of the one there is, if any, where the program ends on the spot. May be called
+    /// in the handler of a signal.
+    static void removeAtOnce();
+
+    explicit SocketFile(std::string path);
     SocketFile(const SocketFile&) = delete;
     SocketFile& operator=(const SocketFile&) = delete;
 
@@ -19,7 +26,7 @@ public:
     ~SocketFile();
 
 private:
-    std::optional<std::string> path_;
+    std::string path_;
 };
 
 } // namespace Player

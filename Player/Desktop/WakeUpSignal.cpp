@@ -8,10 +8,11 @@ void WakeUpSignal::raise() {
     changed_.notify_one();
 }
 
-void WakeUpSignal::wait() {
+bool WakeUpSignal::waitUntil(std::chrono::steady_clock::time_point end) {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return isRaised_; });
+    changed_.wait_until(lock, end, [this] { return isRaised_; });
     isRaised_ = false;
+    return std::chrono::steady_clock::now() < end;
 }
 
 } // namespace Player

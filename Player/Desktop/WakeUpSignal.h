@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 
@@ -10,8 +11,8 @@ class WakeUpSignal {
 public:
     void raise();
 
-    /// Returns after `raise` was called since the last time.
-    void wait();
+    /// Returns after `raise` was called since the last time. False once `end` is past, raised or not.
+    bool waitUntil(std::chrono::steady_clock::time_point end);
 
 private:
     std::mutex mutex_;

@@ -1,8 +1,11 @@
 #include "Player/Desktop/ErrorLine.h"
+#include "Player/Desktop/Guard.h"
+#include "Player/Desktop/MpvClient.h"
 #include "Player/Desktop/Options.h"
 #include "Player/Desktop/PlayerApplication.h"
 #include "Player/Desktop/Snapshot.h"
 
+#include <cstdlib>
 #include <iostream>
 
 namespace {
@@ -13,7 +16,16 @@ Player::Exit run(int count, const char* const* arguments) {
         return *exit;
     }
     const auto& options = std::get<Player::Options>(parsed);
-    return options.snapshotFolder ? Player::takeSnapshot(options) : Player::PlayerApplication(options).run();
+    return Player::guarded([&options] {
+        return options.snapshotFolder ? Player::takeSnapshot(options)
+                                      : Player::PlayerApplication(options).run();
+    });
+}
+
+// What an instance of libmpv that could not be waited for still uses must not be taken down under it.
+[[noreturn]] void leaveAtOnce(Player::ExitCode code) {
+    std::cout.flush();
+    std::_Exit(static_cast<int>(code));
 }
 
 } // namespace
@@ -24,6 +36,9 @@ int main(int count, char** arguments) {
         std::cout << exit.text;
     } else if (!exit.text.empty()) {
         Player::printErrorLine(exit.text);
+    }
+    if (Player::MpvClient::isAnyEnding()) {
+        leaveAtOnce(exit.code);
     }
     return static_cast<int>(exit.code);
 }

@@ -150,6 +150,26 @@ TEST_F(Controls, FilmFollowsTheHandleThatIsDraggedAcross) {
     EXPECT_TRUE(isPaused());
 }
 
+TEST_F(Controls, HeldHandleKeepsAFilmThatPlaysStillAndEscapeTakesItBack) {
+    play();
+    ASSERT_TRUE(mpv.command("\"seek\",2,\"absolute+exact\""));
+    ASSERT_TRUE(until([this] { return position().value_or(0.0) > 2.1; }));
+    screen.movePointer(trackPlace(8.0), barY);
+    screen.pressButton();
+    ASSERT_TRUE(until([this] { return isNear(8.0, 1.1) && isPaused() && mpv.flag("seeking") == false; }))
+        << position().value_or(-1.0);
+    const double held = position().value_or(-1.0);
+    EXPECT_FALSE(eventually([&] { return position() != held; }, std::chrono::milliseconds(500)));
+    screen.pressKey(XK_Escape);
+    EXPECT_TRUE(until([this] { return position().value_or(9.0) < 6.0; })) << position().value_or(-1.0);
+    const double before = position().value_or(0.0);
+    EXPECT_TRUE(until([&] { return position().value_or(0.0) > before + 0.2; })) << "it does not go on";
+    screen.releaseButton();
+    EXPECT_FALSE(
+        eventually([this] { return position().value_or(0.0) > 7.0; }, std::chrono::milliseconds(500)));
+    EXPECT_TRUE(player->isRunning());
+}
+
 TEST_F(Controls, ClickOnTheTrackSeeksThere) {
     playPaused();
     for (const double time : {9.0, 3.0}) {
@@ -271,6 +291,29 @@ TEST_F(Controls, FileThatIsDroppedIsPlayed) {
     EXPECT_TRUE(until([this] { return screen.windowTitle() == "Ein schöner Film 映画"; }))
         << screen.windowTitle();
     EXPECT_TRUE(until([this] { return !isPaused() && position().value_or(0.0) > 0.2; }));
+    EXPECT_EQ(player->errors(), "");
+}
+
+TEST_F(Controls, AddressThatIsDroppedIsPlayed) {
+    playPaused();
+    const std::string address = "http://127.0.0.1:1/film.mkv";
+    const std::string told = "kivplayer: cannot play '" + address + "'";
+    for (const char* type : {"text/uri-list", "text/plain"}) {
+        const std::string before = player->errors();
+        ASSERT_TRUE(screen.drop(address + "\r\n", type)) << type;
+        EXPECT_TRUE(until([&] { return player->errors().substr(before.size()).starts_with(told); }))
+            << type << player->errors();
+    }
+}
+
+TEST_F(Controls, SubtitlesThatAreDroppedAreShown) {
+    const fs::path subtitles = folder.path() / "lines.SRT";
+    std::ofstream(subtitles) << "1\n00:00:00,000 --> 00:00:12,000\nHello\n";
+    playPaused();
+    EXPECT_EQ(mpv.number("sid"), 0.0);
+    ASSERT_TRUE(screen.drop("file://" + subtitles.string() + "\r\n"));
+    EXPECT_TRUE(until([this] { return mpv.number("sid").value_or(0.0) > 0.0; }));
+    EXPECT_EQ(screen.windowTitle(), "Sample clip");
     EXPECT_EQ(player->errors(), "");
 }
 

@@ -1,11 +1,14 @@
 #include "Player/Desktop/FilmOpening.h"
 
 #include "Player/Desktop/MpvClient.h"
+#include "Tests/Player/Films.h"
 #include "Tests/Player/Process.h"
 #include "Tests/Player/WebServer.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
+#include <thread>
 #include <unistd.h>
 
 namespace Player {
@@ -16,13 +19,31 @@ class FilmOpeningTest : public testing::Test {
 protected:
     std::string failure() {
         eventually([this] {
-            while (const mpv_event* event = client.nextEvent()) {
-                opening.handle(*event, client);
-            }
+            client.takeEvents([this](const mpv_event& event) { opening.handle(event, client); });
             opening.conclude(client);
             return opening.failure().has_value();
         });
-        return opening.failure().value_or("none");
+        return opening.failure() ? lineOf(*opening.failure()) : "none";
+    }
+
+    /// Has the library get on with what was asked until `condition` holds, and loses what it tells.
+    template <class Condition>
+    bool losesEventsUntil(Condition condition) {
+        return eventually([&] {
+            client.takeEvents([this](const mpv_event& event) {
+                if (event.event_id == MPV_EVENT_HOOK || event.event_id == MPV_EVENT_COMMAND_REPLY) {
+                    opening.handle(event, client);
+                }
+            });
+            return condition();
+        });
+    }
+
+    void tellOfLoss() {
+        mpv_event overflow{};
+        overflow.event_id = MPV_EVENT_QUEUE_OVERFLOW;
+        opening.handle(overflow, client);
+        opening.conclude(client);
     }
 
     MpvClient client{{{"vo", "null"}, {"ao", "null"}, {"network-timeout", "2"}}};
@@ -31,6 +52,31 @@ protected:
     FilmOpening opening;
 };
 
+TEST_F(FilmOpeningTest, FailureAmongEventsThatWereLostIsTold) {
+    const TemporaryFolder folder;
+    const std::string text = (folder.path() / "text.mkv").string();
+    std::ofstream(text) << "no film\n";
+    opening.begin(client, text, 0.0);
+    ASSERT_TRUE(losesEventsUntil([this] { return client.flag("idle-active") == false; }));
+    ASSERT_TRUE(losesEventsUntil([this] { return client.flag("idle-active") == true; }));
+    EXPECT_FALSE(opening.failure());
+    tellOfLoss();
+    EXPECT_TRUE(opening.failure());
+}
+
+TEST_F(FilmOpeningTest, FilmThatWasLoadedAmongEventsThatWereLostIsKnown) {
+    const std::string sound = Films::sound().string();
+    client.setFlag("pause", true);
+    opening.begin(client, sound, 0.0);
+    ASSERT_TRUE(losesEventsUntil([this] { return client.flag("seeking") == false; }));
+    EXPECT_FALSE(opening.isLoaded());
+    tellOfLoss();
+    EXPECT_TRUE(opening.isLoaded());
+    EXPECT_TRUE(opening.isAtStart());
+    EXPECT_EQ(opening.location(), sound);
+    EXPECT_FALSE(opening.failure());
+}
+
 TEST_F(FilmOpeningTest, ServerThatDoesNotAnswerIsTold) {
     opening.begin(client, film, 0.0);
     EXPECT_EQ(failure(), "cannot play '" + film + "': the server did not answer within 2 seconds");
@@ -38,8 +84,10 @@ TEST_F(FilmOpeningTest, ServerThatDoesNotAnswerIsTold) {
 
 TEST_F(FilmOpeningTest, ServerThatHangsUpIsNotSaidToBeSlow) {
     opening.begin(client, film, 0.0);
-    close(server.nextConnection());
-    EXPECT_EQ(failure(), "cannot play '" + film + "': it cannot be opened");
+    std::thread hangingUp([this] { close(server.nextConnection()); });
+    EXPECT_EQ(failure(), "cannot play '" + film + "': the server hung up without an answer");
+    server.stop();
+    hangingUp.join();
 }
 
 } // namespace

@@ -63,6 +63,15 @@ std::vector<std::string> ffmpeg(const std::vector<std::string>& arguments) {
     return command;
 }
 
+void makeSubtitled(const std::string& path, const std::string& codec) {
+    const TemporaryFolder folder;
+    const fs::path lines = folder.path() / "lines.srt";
+    std::ofstream(lines) << "1\n00:00:00,000 --> 00:00:06,000\nA line of subtitles, gypq\n";
+    run(ffmpeg({"-f", "lavfi", "-i", "color=black:size=640x360:rate=30:duration=6", "-i", lines.string(),
+                "-c:v", "libx264", "-preset", "ultrafast", "-c:s", codec, "-disposition:s:0", "default",
+                path}));
+}
+
 } // namespace
 
 fs::path Films::sample() {
@@ -77,14 +86,11 @@ fs::path Films::white() {
 }
 
 fs::path Films::subtitled() {
-    return film("subtitled.mkv", [](const std::string& path) {
-        const TemporaryFolder folder;
-        const fs::path lines = folder.path() / "lines.srt";
-        std::ofstream(lines) << "1\n00:00:00,000 --> 00:00:06,000\nA line of subtitles, gypq\n";
-        run(ffmpeg({"-f", "lavfi", "-i", "color=black:size=640x360:rate=30:duration=6", "-i", lines.string(),
-                    "-c:v", "libx264", "-preset", "ultrafast", "-c:s", "srt", "-disposition:s:0", "default",
-                    path}));
-    });
+    return film("subtitled.mkv", [](const std::string& path) { makeSubtitled(path, "srt"); });
+}
+
+fs::path Films::styledSubtitles() {
+    return film("styled-subtitles.mkv", [](const std::string& path) { makeSubtitled(path, "ass"); });
 }
 
 fs::path Films::sparse() {
@@ -158,6 +164,47 @@ fs::path Films::manyTracks() {
                                 "0",
                                 path}));
                 });
+}
+
+fs::path Films::titled(const std::string& title, const std::string& name) {
+    return film(name, [&](const std::string& path) {
+        const TemporaryFolder folder;
+        const fs::path metadata = folder.path() / "metadata.txt";
+        std::string escaped;
+        for (const char character : title) {
+            escaped += character == '\n' ? "\\\n" : std::string(1, character);
+        }
+        std::ofstream(metadata) << ";FFMETADATA1\ntitle=" << escaped
+                                << "\n[STREAM]\n[STREAM]\ntitle=" << escaped
+                                << "\n[CHAPTER]\nTIMEBASE=1/1\nSTART=0\nEND=5\ntitle=" << escaped << "\n";
+        run(ffmpeg({"-f",
+                    "lavfi",
+                    "-i",
+                    "color=white:size=320x180:rate=30:duration=5",
+                    "-f",
+                    "lavfi",
+                    "-i",
+                    "sine=duration=5",
+                    "-i",
+                    metadata.string(),
+                    "-map",
+                    "0",
+                    "-map",
+                    "1",
+                    "-map_metadata",
+                    "2",
+                    "-map_metadata:s:a:0",
+                    "2:s:1",
+                    "-map_chapters",
+                    "2",
+                    "-c:v",
+                    "libx264",
+                    "-preset",
+                    "ultrafast",
+                    "-c:a",
+                    "flac",
+                    path}));
+    });
 }
 
 fs::path Films::sound() {

@@ -17,12 +17,18 @@ public:
     /// Six seconds of black with a line of subtitles.
     static std::filesystem::path subtitled();
 
+    /// The same with a line that has a style of its own.
+    static std::filesystem::path styledSubtitles();
+
     /// Six seconds with a key frame every two.
     static std::filesystem::path sparse();
 
     /// Five seconds with a title, two chapters, three sounds and three subtitles, named in several scripts or
     /// not.
     static std::filesystem::path manyTracks();
+
+    /// Five seconds with `title` as the names of the film, its sound and its chapter.
+    static std::filesystem::path titled(const std::string& title, const std::string& name);
 
     /// Two seconds of sound without a picture.
     static std::filesystem::path sound();

@@ -2,7 +2,9 @@
 #include "Tests/Player/Films.h"
 #include "Tests/Player/MpvSocket.h"
 #include "Tests/Player/PlaybackRun.h"
+#include "Tests/Player/StubbornServer.h"
 
+#include <chrono>
 #include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
@@ -42,6 +44,23 @@ TEST(MpvPlayback, TellsWhatAFilmIs) {
     EXPECT_EQ(run.state().speed, 1.0);
 }
 
+TEST(MpvPlayback, FilmOnAServerIsNamedWithoutPasswordAndKey) {
+    std::ifstream film(Films::sparse(), std::ios::binary);
+    const StubbornServer server(httpAnswer("200 OK", {std::istreambuf_iterator<char>(film), {}}));
+    for (const auto& [file, name] : {std::pair("a%20film.mkv?key=hidden", "a film.mkv"),
+                                     std::pair("", "127.0.0.1"), std::pair("?key=hidden", "127.0.0.1")}) {
+        std::string url = server.url(file);
+        url.insert(url.find("127"), "user:hidden@");
+        PlaybackRun run;
+        run.playback.open(url, 0.0);
+        EXPECT_THAT(run.state().title, testing::StartsWith(name));
+        ASSERT_TRUE(run.until([&] { return run.playback.isAtStart() || run.state().error; }));
+        EXPECT_FALSE(run.state().error);
+        EXPECT_THAT(run.state().title, testing::StartsWith(name));
+        EXPECT_THAT(run.state().title, testing::Not(testing::HasSubstr("hidden")));
+    }
+}
+
 TEST(MpvPlayback, PlaysAndPauses) {
     PlaybackRun run;
     ASSERT_TRUE(run.open(Films::sample().string()));
@@ -49,6 +68,47 @@ TEST(MpvPlayback, PlaysAndPauses) {
     EXPECT_TRUE(run.until([&] { return !run.state().isPaused && run.state().position > 0.3; }));
     run.playback.pause();
     EXPECT_TRUE(run.until([&] { return run.state().isPaused; }));
+}
+
+TEST(MpvPlayback, HeldFilmStandsStillAndIsNotPaused) {
+    PlaybackRun run(MpvPlayback::Start::Running);
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    ASSERT_TRUE(run.until([&] { return run.state().position > 0.2; }));
+    run.playback.setHeld(true);
+    ASSERT_TRUE(run.until([&] { return run.playback.client().flag("pause").value_or(false); }));
+    run.playback.seek(5.0, SeekPrecision::Exact);
+    ASSERT_TRUE(run.until([&] { return std::abs(run.state().position - 5.0) < frame; }));
+    EXPECT_FALSE(run.state().isPaused);
+    EXPECT_FALSE(
+        run.until([&] { return run.state().position > 5.0 + frame; }, std::chrono::milliseconds(500)));
+    run.playback.setHeld(false);
+    EXPECT_TRUE(run.until([&] {
+        EXPECT_FALSE(run.state().isPaused);
+        return run.state().position > 5.2;
+    }));
+}
+
+TEST(MpvPlayback, ViewerPausesAFilmThatIsHeldForAfterwards) {
+    PlaybackRun run(MpvPlayback::Start::Running);
+    ASSERT_TRUE(run.open(Films::sample().string()));
+    for (const bool isPaused : {true, false, true}) {
+        run.playback.setHeld(true);
+        if (isPaused) {
+            run.playback.pause();
+        } else {
+            run.playback.play();
+        }
+        EXPECT_EQ(run.state().isPaused, isPaused);
+        EXPECT_TRUE(run.until([&] { return run.playback.client().flag("pause") == true; }));
+        run.playback.setHeld(false);
+        EXPECT_TRUE(run.until([&] {
+            EXPECT_EQ(run.state().isPaused, isPaused);
+            return run.playback.client().flag("pause") == isPaused;
+        }));
+    }
+    run.playback.play();
+    EXPECT_TRUE(run.until([&] { return run.playback.client().flag("pause") == false; }));
+    EXPECT_TRUE(run.until([&] { return !run.state().isPaused; }));
 }
 
 TEST(MpvPlayback, ExactSeekShowsTheTimeAskedFor) {
@@ -423,7 +483,7 @@ TEST(MpvPlayback, FilmThatAnotherProgramOpensIsToldUnderItsOwnName) {
     };
     ASSERT_TRUE(load(film.string()));
     ASSERT_TRUE(run.until([&] { return run.state().error.has_value(); }));
-    EXPECT_EQ(run.state().error, "cannot play '" + film.string() + "': no such file");
+    EXPECT_EQ(run.error(), "cannot play '" + film.string() + "': no such file");
     EXPECT_EQ(run.state().title, "late.mkv");
     fs::copy_file(Films::sample(), film);
     run.playback.retry();
@@ -443,7 +503,7 @@ TEST(MpvPlayback, UnplayableFilmIsAnErrorThatCanBeTriedAgain) {
     PlaybackRun run;
     run.playback.open(film.string(), 4.0);
     run.turn();
-    EXPECT_EQ(run.state().error, "cannot play '" + film.string() + "': no such file");
+    EXPECT_EQ(run.error(), "cannot play '" + film.string() + "': no such file");
     EXPECT_FALSE(run.state().isWaiting);
     EXPECT_EQ(run.state().title, "late.mkv");
     run.playback.retry();
@@ -549,6 +609,44 @@ TEST(MpvPlayback, OtherFilmThatCannotBePlayedLosesNothing) {
     }
 }
 
+TEST(MpvPlayback, SubtitlesAreAddedToTheFilmAndChosen) {
+    const TemporaryFolder folder;
+    const fs::path subtitles = folder.path() / "lines.srt";
+    std::ofstream(subtitles) << "1\n00:00:00,000 --> 00:00:12,000\nHello\n";
+    PlaybackRun run;
+    std::vector<std::string> news;
+    run.playback.setNewsHandler([&news](const std::string& text) { news.push_back(text); });
+    ASSERT_TRUE(run.open(Films::sample().string(), 3.0));
+    const std::size_t before = run.state().tracks.size();
+    run.playback.exchange(subtitles.string());
+    EXPECT_TRUE(run.until([&] { return !news.empty() && run.state().tracks.size() == before + 1; }));
+    EXPECT_THAT(news, ElementsAre("Subtitles: lines.srt"));
+    EXPECT_EQ(run.state().tracks.back().kind, TrackKind::Subtitle);
+    EXPECT_TRUE(run.until([&] { return run.state().tracks.back().isSelected; }));
+    EXPECT_NEAR(run.state().position, 3.0, frame);
+    EXPECT_TRUE(run.notices.empty());
+}
+
+TEST(MpvPlayback, SubtitlesThatCannotBeShownLeaveTheFilmAlone) {
+    const TemporaryFolder folder;
+    const fs::path broken = folder.path() / "broken.vtt";
+    std::ofstream(broken) << "no subtitles at all\n";
+    const std::string missing = (folder.path() / "missing.ass").string();
+    PlaybackRun run;
+    run.playback.open(Films::sample().string(), 0.0);
+    run.playback.exchange(broken.string());
+    ASSERT_TRUE(run.until([&] { return run.playback.isAtStart(); }));
+    run.playback.exchange(missing);
+    run.playback.exchange(broken.string());
+    EXPECT_TRUE(run.until([&] { return run.notices.size() == 3; }));
+    const std::string cannot = "cannot show the subtitles '";
+    EXPECT_THAT(run.notices,
+                ElementsAre(cannot + broken.string() + "': the film is not there yet",
+                            cannot + missing + "': no such file",
+                            cannot + broken.string() + "': there are none in it that can be read"));
+    EXPECT_FALSE(run.state().error);
+}
+
 TEST(MpvPlayback, NameOfTheFilmThatIsTriedOutIsKnownUntilThatIsOver) {
     PlaybackRun run;
     ASSERT_TRUE(run.open(Films::sample().string()));
@@ -579,7 +677,7 @@ TEST(MpvPlayback, FilmInPlaceOfAnUnplayableOneIsOpenedAtOnce) {
     run.turn();
     ASSERT_TRUE(run.state().error);
     run.playback.exchange("/nowhere/other.mkv");
-    EXPECT_EQ(run.state().error, "cannot play '/nowhere/other.mkv': no such file");
+    EXPECT_EQ(run.error(), "cannot play '/nowhere/other.mkv': no such file");
     run.playback.exchange(Films::sample().string());
     EXPECT_TRUE(run.until([&] { return !run.state().error && run.state().position > 0.1; }));
 }

@@ -19,10 +19,14 @@ public:
     explicit PlaybackRun(MpvPlayback::Settings settings) : playback(silent(std::move(settings))) {
         picture.startMemory();
         playback.setChangeHandler([this] { ++changes; });
-        playback.setNoticeHandler([this](const std::string& text) { notices.push_back(text); });
+        playback.setNoticeHandler(
+            [this](const Overlay::PlaybackError& problem) { notices.push_back(lineOf(problem)); });
     }
 
     const Overlay::PlaybackState& state() const { return playback.state(); }
+
+    /// Why nothing can be played, as a person reads it; empty while all is well.
+    std::string error() const { return state().error ? lineOf(*state().error) : ""; }
 
     /// What the host does at each turn.
     void turn() {
@@ -35,11 +39,13 @@ public:
 
     /// False if `condition` doesn't come to hold.
     template <class Condition>
-    bool until(Condition condition) {
-        return eventually([&] {
-            turn();
-            return condition();
-        });
+    bool until(Condition condition, std::chrono::milliseconds bound = Process::patience) {
+        return eventually(
+            [&] {
+                turn();
+                return condition();
+            },
+            bound);
     }
 
     /// Opens a film and waits for its first picture.

@@ -157,6 +157,15 @@ double Process::processorTime() const {
     return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
+double Process::memory() const {
+    constexpr double megabyte = 1024.0 * 1024.0;
+    std::istringstream fields(contents("/proc/" + std::to_string(identifier_) + "/statm"));
+    double size = 0.0;
+    double resident = 0.0;
+    fields >> size >> resident;
+    return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / megabyte;
+}
+
 void pauseBriefly() { std::this_thread::sleep_for(std::chrono::milliseconds(20)); }
 
 } // namespace Player

@@ -50,6 +50,9 @@ public:
     /// Processor time that it has used, in seconds.
     double processorTime() const;
 
+    /// Memory that it occupies, in megabytes; none once it has ended.
+    double memory() const;
+
 private:
     TemporaryFolder folder_;
     pid_t identifier_ = -1;

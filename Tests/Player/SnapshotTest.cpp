@@ -1,8 +1,11 @@
+#include "Platform/CoreGraphics/CGGeometry.h"
 #include "Tests/Player/Films.h"
 #include "Tests/Player/Picture.h"
 #include "Tests/Player/PlayerProgram.h"
 
+#include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,6 +14,7 @@ namespace Player {
 namespace {
 
 namespace fs = std::filesystem;
+using CoreGraphics::CGSize;
 
 constexpr int barAlpha = 166; // 0.65 of 255
 
@@ -124,6 +128,22 @@ TEST(Snapshot, IsTheSameEachTime) {
     EXPECT_EQ(first.both, second.both);
 }
 
+TEST(Snapshot, FilmFromTheStandardInputIsTheSame) {
+    const TemporaryFolder folder;
+    const std::string pictures = (folder.path() / "pictures").string();
+    Process player({"sh", "-c", "cat \"$1\" | \"$0\" - --size 640x360 --snapshot \"$2\"", KIVPLAYER_PROGRAM,
+                    Films::sample().string(), pictures},
+                   {{"LSAN_OPTIONS", "print_suppressions=0:suppressions=" KIVPLAYER_LEAK_SUPPRESSIONS}});
+    EXPECT_EQ(player.wait(), 0) << player.errors();
+    EXPECT_EQ(Picture::fromPng(pictures + "/film.png"),
+              snapshot(Films::sample(), {"--size", "640x360"}).film);
+}
+
+TEST(Snapshot, TimeIsTakenInMinutesToo) {
+    EXPECT_EQ(snapshot(Films::sample(), {"--at", "0:04.5", "--size", "640x360"}).film,
+              snapshot(Films::sample(), {"--at", "4.5", "--size", "640x360"}).film);
+}
+
 TEST(Snapshot, TimeBeyondTheEndIsTheLastFrame) {
     const Snapshot taken = snapshot(Films::sample(), {"--at", "5000"});
     ASSERT_EQ(taken.exitCode, 0) << taken.errors;
@@ -141,18 +161,42 @@ TEST(Snapshot, SoundAloneHasABlackPicture) {
     }
 }
 
-TEST(Snapshot, SubtitlesStandAboveTheBottomBar) {
-    for (const auto& [size, height] : {std::pair("640x360", 360), std::pair("320x180", 180)}) {
-        const Snapshot taken = snapshot(Films::subtitled(), {"--at", "2", "--size", size});
-        ASSERT_EQ(taken.film.height(), height) << taken.errors;
-        int lowest = 0;
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < taken.film.width(); ++x) {
-                lowest = taken.film.at(x, y)[1] > 100 ? y : lowest;
+/// The lowest row with something bright in it, and the highest.
+std::pair<int, int> brightRows(const Picture& picture) {
+    int lowest = 0;
+    int highest = picture.height();
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.at(x, y)[1] > 100) {
+                lowest = y;
+                highest = std::min(highest, y);
             }
         }
-        EXPECT_GT(lowest, height / 2) << "there are subtitles";
-        EXPECT_LT(lowest, height - 40);
+    }
+    return {lowest, highest};
+}
+
+TEST(Snapshot, SubtitlesStandAboveTheBottomBar) {
+    for (const fs::path& film : {Films::subtitled(), Films::styledSubtitles()}) {
+        for (const CGSize size : {CGSize{640, 360},
+                                  {320, 180},
+                                  {360, 640},
+                                  {300, 600},
+                                  {480, 480},
+                                  {400, 300},
+                                  {200, 100},
+                                  {900, 200}}) {
+            const int height = static_cast<int>(size.height);
+            const std::string text =
+                std::to_string(static_cast<int>(size.width)) + "x" + std::to_string(height);
+            const Snapshot taken = snapshot(film, {"--at", "2", "--size", text});
+            ASSERT_EQ(taken.film.height(), height) << taken.errors;
+            const auto [lowest, highest] = brightRows(taken.film);
+            EXPECT_GT(lowest, height / 3) << text << ": there are subtitles";
+            EXPECT_LT(lowest, height - 40) << text;
+            EXPECT_GT(lowest, height - 40 - height / 10) << text << ": next to the bar";
+            EXPECT_LT(lowest - highest, height / 8) << text << ": no larger than the film";
+        }
     }
 }
 
@@ -167,6 +211,44 @@ TEST(Snapshot, FilmThatIsCutOffPlaysAsFarAsItGoes) {
     EXPECT_EQ(beyond.film.width(), 1280);
 }
 
+std::vector<std::string> namesIn(const fs::path& folder) {
+    std::vector<std::string> result;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        result.push_back(entry.path().filename().string());
+    }
+    return result;
+}
+
+TEST(Snapshot, PictureThatFindsNoRoomLeavesTheOneBeforeIt) {
+    const TemporaryFolder folder;
+    const fs::path old = folder.path() / "film.png";
+    std::ofstream(old) << "an older picture";
+    // A limit of eight blocks, which the shell of another system may count by the kilobyte.
+    const auto player =
+        startPlayer({Films::sample().string(), "--snapshot", folder.path().string()}, {}, "ulimit -f 8");
+    EXPECT_EQ(player->wait(), 1);
+    EXPECT_EQ(player->errors(), "kivplayer: cannot write '" + old.string() + "': File too large\n");
+    EXPECT_THAT(namesIn(folder.path()), testing::ElementsAre("film.png"));
+    EXPECT_EQ(fs::file_size(old), 16U);
+}
+
+TEST(Snapshot, PictureTakesThePlaceOfALinkAndLeavesWhatItLeadsTo) {
+    const TemporaryFolder folder;
+    const TemporaryFolder elsewhere;
+    const fs::path precious = elsewhere.path() / "precious";
+    std::ofstream(precious) << "precious";
+    for (const char* name : {"film.png", "overlay.png", "snapshot.png"}) {
+        fs::create_symlink(precious, folder.path() / name);
+    }
+    const auto player = startPlayer({Films::white().string(), "--snapshot", folder.path().string()});
+    EXPECT_EQ(player->wait(), 0) << player->errors();
+    EXPECT_EQ(fs::file_size(precious), 8U);
+    EXPECT_THAT(namesIn(folder.path()),
+                testing::UnorderedElementsAre("film.png", "overlay.png", "snapshot.png"));
+    EXPECT_FALSE(fs::is_symlink(folder.path() / "film.png"));
+    EXPECT_EQ(Picture::fromPng(folder.path() / "film.png").width(), 1280);
+}
+
 TEST(Snapshot, FolderThatCannotBeWrittenIsToldInOneLine) {
     const TemporaryFolder folder;
     const fs::path file = folder.path() / "file";
@@ -177,6 +259,7 @@ TEST(Snapshot, FolderThatCannotBeWrittenIsToldInOneLine) {
         EXPECT_EQ(player->wait(), 1);
         EXPECT_THAT(player->errors(), testing::MatchesRegex("kivplayer: cannot [^\n]*\n"));
     }
+    EXPECT_THAT(namesIn(folder.path() / "taken"), testing::ElementsAre("film.png"));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Tests/Player/VirtualScreen.h"
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <csignal>
@@ -125,6 +126,13 @@ std::optional<Picture> VirtualScreen::window() const {
     return picture;
 }
 
+void VirtualScreen::setResources(const std::string& lines) const {
+    XChangeProperty(display_.get(), DefaultRootWindow(display_.get()), XA_RESOURCE_MANAGER, XA_STRING, 8,
+                    PropModeReplace, reinterpret_cast<const unsigned char*>(lines.data()),
+                    static_cast<int>(lines.size()));
+    XSync(display_.get(), False);
+}
+
 void VirtualScreen::resizeWindow(int newWidth, int newHeight) const {
     XMoveResizeWindow(display_.get(), findWindow(), 0, 0, static_cast<unsigned>(newWidth),
                       static_cast<unsigned>(newHeight));
@@ -141,6 +149,16 @@ void VirtualScreen::closeWindow() const {
     event.xclient.data.l[0] = static_cast<long>(XInternAtom(display_.get(), "WM_DELETE_WINDOW", False));
     event.xclient.data.l[1] = CurrentTime;
     send(display_.get(), window, event);
+}
+
+void VirtualScreen::destroyWindow() const {
+    XDestroyWindow(display_.get(), findWindow());
+    XFlush(display_.get());
+}
+
+void VirtualScreen::killWindow() const {
+    XKillClient(display_.get(), findWindow());
+    XFlush(display_.get());
 }
 
 void VirtualScreen::pressKey(unsigned long key) const {
@@ -172,7 +190,7 @@ void VirtualScreen::giveFullScreen() const {
 unsigned long VirtualScreen::atom(const char* name) const { return XInternAtom(display_.get(), name, False); }
 
 // The parts of the drag and drop protocol that a program hears when somebody lets go over its window.
-bool VirtualScreen::drop(const std::string& uris) const {
+bool VirtualScreen::drop(const std::string& text, const char* type) const {
     const Window target = findWindow();
     const Window source =
         XCreateSimpleWindow(display_.get(), DefaultRootWindow(display_.get()), 0, 0, 1, 1, 0, 0, 0);
@@ -192,11 +210,11 @@ bool VirtualScreen::drop(const std::string& uris) const {
     };
     constexpr long version = 5L << 24;
     constexpr long place = 700L << 16 | 400L;
-    const auto list = static_cast<long>(atom("text/uri-list"));
+    const auto list = static_cast<long>(atom(type));
     tell("XdndEnter", version, list, 0);
     tell("XdndPosition", 0, place, static_cast<long>(atom("XdndActionCopy")));
     tell("XdndDrop", 0, CurrentTime, 0);
-    const bool isTaken = eventually([&] { return handOver(uris) || isFinished(source); });
+    const bool isTaken = eventually([&] { return handOver(text) || isFinished(source); });
     return isTaken && eventually([&] { return isFinished(source); });
 }
 

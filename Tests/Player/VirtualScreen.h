@@ -31,6 +31,12 @@ public:
     /// Puts windows into frames, and gives them all of the screen when they ask for it.
     void startWindowManager();
 
+    /// The program's window that can be seen, as X numbers it; 0 while there is none.
+    unsigned long findWindow() const;
+
+    /// What the desktop tells all programs, as lines of X resources.
+    void setResources(const std::string& lines) const;
+
     /// What a program's window shows; nothing while there is none.
     std::optional<Picture> window() const;
 
@@ -47,14 +53,23 @@ public:
     void click(int x, int y) const;
     void doubleClick(int x, int y) const;
 
-    /// Drops files on the window, as lines of `file://…`. False if it doesn't take them.
-    bool drop(const std::string& uris) const;
+    /// Drops something on the window: files, as lines of `file://…`, or what `type` says. False if it doesn't
+    /// take them.
+    bool drop(const std::string& text, const char* type = "text/uri-list") const;
+
+    /// As a program does that takes away what isn't its own: the window alone, or all that its program has on
+    /// the screen.
+    void destroyWindow() const;
+    void killWindow() const;
 
     /// Has the window manager make the window as large as the screen.
     void giveFullScreen() const;
 
     /// By notches, up if positive.
     void turnWheel(int notches) const;
+
+    /// Commands of xdotool, any number of them in a row.
+    void runTool(std::vector<std::string> words) const;
 
     /// The name in the window's frame, were there one.
     std::string windowTitle() const;
@@ -64,14 +79,11 @@ private:
         void operator()(_XDisplay* display) const;
     };
 
-    unsigned long findWindow() const;
     unsigned long findWindowIn(unsigned long parent) const;
     bool isProgram(unsigned long window) const;
     unsigned long atom(const char* name) const;
     bool handOver(const std::string& uris) const;
     bool isFinished(unsigned long source) const;
-    void runTool(std::vector<std::string> words) const;
-
     std::unique_ptr<Process> server_;
     std::unique_ptr<Process> manager_;
     std::string name_;

@@ -53,7 +53,9 @@ class PlayerWindow : public testing::TestWithParam<const char*> {
 protected:
     std::unique_ptr<Process> play(const std::string& film, std::vector<std::string> options = {}) {
         options.insert(options.end(), {film, "--mute", GetParam(), "--size", "640x360"});
-        return startPlayer(options, {{"DISPLAY", screen.name()}, {"ASAN_OPTIONS", sanitizerOptions()}});
+        Environment all = environment;
+        all.insert(all.end(), {{"DISPLAY", screen.name()}, {"ASAN_OPTIONS", sanitizerOptions()}});
+        return startPlayer(options, all);
     }
 
     // The graphics driver is unloaded before leaks are looked for, so that its own can't be told from others.
@@ -94,6 +96,14 @@ protected:
         });
     }
 
+    bool showsWindowOf(int width, int height) {
+        return eventually([&] {
+            const std::optional<Picture> picture = screen.window();
+            return picture && picture->width() == width && picture->height() == height &&
+                   isWhite(picture->at(width / 2, height / 2));
+        });
+    }
+
     bool showsColors() {
         return eventually([&] {
             const std::optional<Picture> picture = screen.window();
@@ -102,6 +112,7 @@ protected:
     }
 
     VirtualScreen screen;
+    Environment environment;
 };
 
 TEST_P(PlayerWindow, ShowsAFilmThatMoves) {
@@ -128,6 +139,21 @@ TEST_P(PlayerWindow, ScaleMakesTheWindowAndItsBarsLarger) {
                isDarkened(picture->at(640, 79)) && isWhite(picture->at(640, 80)) &&
                isWhite(picture->at(640, 639)) && isDarkened(picture->at(640, 640));
     })) << player->errors();
+}
+
+TEST_P(PlayerWindow, DesktopForFineScreensMakesTheWindowLarger) {
+    screen.setResources("Xft.dpi:\t192\n");
+    const auto larger = play(Films::white().string());
+    EXPECT_TRUE(showsWindowOf(1280, 720)) << larger->errors();
+    larger->signal(SIGTERM);
+    larger->wait();
+    environment = {{"GDK_SCALE", "1"}};
+    const auto byHand = play(Films::white().string());
+    EXPECT_TRUE(showsWindowOf(640, 360)) << byHand->errors();
+    byHand->signal(SIGTERM);
+    byHand->wait();
+    const auto byOption = play(Films::white().string(), {"--scale", "1.5"});
+    EXPECT_TRUE(showsWindowOf(960, 540)) << byOption->errors();
 }
 
 TEST_P(PlayerWindow, BarsAreDockedAfterEachResize) {
@@ -207,9 +233,10 @@ TEST_P(PlayerWindow, EndsCleanlyInEveryWay) {
     const std::vector<std::pair<const char*, std::function<void(const Process&)>>> ways{
         {"SIGINT", [](const Process& player) { player.signal(SIGINT); }},
         {"SIGTERM", [](const Process& player) { player.signal(SIGTERM); }},
+        {"SIGHUP", [](const Process& player) { player.signal(SIGHUP); }},
         {"closed", [this](const Process&) { screen.closeWindow(); }},
+        {"destroyed", [this](const Process&) { screen.destroyWindow(); }},
         {"q", [this](const Process&) { screen.pressKey(XK_q); }},
-        {"escape", [this](const Process&) { screen.pressKey(XK_Escape); }},
     };
     for (const auto& [name, end] : ways) {
         const TemporaryFolder folder;
@@ -222,6 +249,17 @@ TEST_P(PlayerWindow, EndsCleanlyInEveryWay) {
         EXPECT_EQ(player->errors(), "") << name;
         EXPECT_FALSE(fs::exists(socket)) << name;
     }
+}
+
+TEST_P(PlayerWindow, EndsWithALineWhenItsConnectionIsCut) {
+    const TemporaryFolder folder;
+    const fs::path socket = folder.path() / "socket";
+    const auto player = play(Films::white().string(), {"--ipc-server", socket.string()});
+    ASSERT_TRUE(showsWhite()) << player->errors();
+    screen.killWindow();
+    EXPECT_EQ(player->wait(), 1);
+    EXPECT_FALSE(fs::exists(socket));
+    EXPECT_EQ(player->errors(), "kivplayer: the connection to the display was cut\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Drawing, PlayerWindow, testing::Values("--software", "--opengl"),

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <mpv/client.h>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace Player {
+
+/// Finds out whether a film that comes to its end does so before its time: by what libmpv says while it
+/// plays, and by what becomes of the file.
+class FilmInterruption {
+public:
+    /// Another film begins: a file's path or a URL.
+    void begin(const std::string& location);
+
+    void noteLog(const mpv_event_log_message& message);
+
+    /// Why a film of that length ended at `position`, both in seconds, as the end of a sentence; nothing
+    /// where that is its end.
+    std::optional<std::string> reason(double position, const std::optional<double>& duration) const;
+
+private:
+    /// What tells one state of a file from another.
+    struct Stamp {
+        std::filesystem::file_time_type changed;
+        std::uintmax_t size = 0;
+
+        friend bool operator==(const Stamp&, const Stamp&) = default;
+    };
+
+    static std::optional<Stamp> stampOf(const std::string& path);
+    bool hasFileChanged() const;
+
+    // A file's path; empty for a URL.
+    std::string path_;
+    std::optional<Stamp> stamp_;
+    bool isConnectionLost_ = false;
+    bool isLiveStreamLost_ = false;
+    bool isIncomplete_ = false;
+};
+
+} // namespace Player

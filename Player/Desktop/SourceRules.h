@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <mpv/client.h>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace Player {
+
+/// What is opened, whoever names it: the viewer, a playlist, a film that consists of several files or another
+/// program. Docs/sources.md tells the rules.
+class SourceRules {
+public:
+    /// Options that hold libmpv to the rules wherever a film leads.
+    static std::array<std::pair<std::string, std::string>, 3> settings();
+
+    /// Has libmpv ask before it opens something. Whoever takes its events must answer, or it waits for ever.
+    static void askFor(mpv_handle* handle);
+
+    /// Answers libmpv's question. Why it must not open that, as the end of a sentence; nothing when it may.
+    static std::optional<std::string> answer(mpv_handle* handle, const mpv_event_hook& question);
+
+    /// What a message of libmpv says of something that it has refused, as the end of a sentence; nothing if
+    /// it is about anything else.
+    static std::optional<std::string> refusalIn(std::string_view message);
+};
+
+} // namespace Player

@@ -11,6 +11,10 @@ if(KIVUICORE_SANITIZE)
                                       -fno-omit-frame-pointer)
   target_link_options(KivUICore_BuildSettings INTERFACE -fsanitize=${KIVUICORE_SANITIZE})
 endif()
+if(KIVUICORE_COVERAGE)
+  target_compile_options(KivUICore_BuildSettings INTERFACE --coverage)
+  target_link_options(KivUICore_BuildSettings INTERFACE --coverage)
+endif()
 
 # kivuicore_module(<name> [INSTALLED] SOURCES <file>... HEADERS <file>... [LINK <target>...])
 #
@@ -48,6 +52,23 @@ function(kivuicore_module name)
                EXPORT_NAME ${name}
                VERSION ${PROJECT_VERSION}
                SOVERSION ${PROJECT_VERSION_MAJOR})
+  kivuicore_installed_run_path(${target} "")
+endfunction()
+
+# kivuicore_installed_run_path(<target> <folder>)
+#
+# Has the installed target look for shared libraries at <folder> from where it lies itself: a program names only
+# those that it uses, and they must find the others, wherever the whole is installed. Whoever gives
+# CMAKE_INSTALL_RPATH knows better.
+function(kivuicore_installed_run_path target folder)
+  if(DEFINED CMAKE_INSTALL_RPATH)
+    return()
+  endif()
+  set(origin "$ORIGIN")
+  if(APPLE)
+    set(origin "@loader_path")
+  endif()
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "${origin}${folder}")
 endfunction()
 
 # kivuicore_tests(<name> [TIMEOUT <seconds>] SOURCES <file>... [LINK <target>...])

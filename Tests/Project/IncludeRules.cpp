@@ -138,7 +138,10 @@ const std::vector<ModuleRule>& moduleRules() {
             {"KivCore", {"Platform/Foundation"}, StandardLibraryOnly, {}},
             {"KivUICore", belowFramework, StandardLibraryOnly, {}},
             {"Hosts/Headless", platform, StandardLibraryOnly, {}},
-            {"Hosts/Desktop", platform, Listed, {"SDL", "GL/", "cairo", "pango/", "glib", "fontconfig/"}},
+            {"Hosts/Desktop",
+             platform,
+             Listed,
+             {"SDL", "GL/", "X11/", "cairo", "pango/", "glib", "fontconfig/"}},
             {"Player/Overlay", portable, StandardLibraryOnly, {}},
             {"Player/Desktop", all, Any, {}},
         };

@@ -70,6 +70,8 @@ expect 'no sample is made for any of these' "$(cat "$CALLS")" ''
 plays 'nothing plays the sample' "[$sample]"
 plays 'options alone play the sample' "[--snapshot][pictures][--at=5][$sample]" --snapshot pictures --at=5
 plays 'a value is taken for no film' "[--size][640x360][--scale][2][$sample]" --size 640x360 --scale 2
+plays 'an option without its value gets none' '[--mute][--at]' --mute --at
+plays 'the standard input is a film' '[-]' -
 plays 'two dashes alone play the sample' "[--][$sample]" --
 if [ -n "$player" ]; then
     options=$("$player" --help | sed -nE 's/^ +(-., *)?(--[a-z-]+) [A-Za-z|]+( .*)?$/\2/p')

@@ -143,6 +143,7 @@ SocketFile::~SocketFile() {
     if (fs::symlink_status(path_, error).type() == fs::file_type::socket &&
         connectionError(path_) == ECONNREFUSED) {
         fs::remove(path_, error);
+        endangered.fill('\0');
     }
     forgetSignals();
 }

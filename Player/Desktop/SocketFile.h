@@ -14,8 +14,9 @@ public:
     /// there gives way to it, and must be no file that somebody needs.
     static std::optional<std::string> whyNotAt(const std::string& path);
 
-    /// Takes away the file of the one there is, if any, where the program ends on the spot. May be called
-    /// in the handler of a signal.
+    /// Takes away the file of the one there is, if any, where the program ends on the spot; also that of one
+    /// that is gone, where it had to be left as somebody still listened. May be called in the handler of a
+    /// signal.
     static void removeAtOnce();
 
     explicit SocketFile(std::string path);

@@ -4,6 +4,7 @@
 #include "Player/Desktop/Options.h"
 #include "Player/Desktop/PlayerApplication.h"
 #include "Player/Desktop/Snapshot.h"
+#include "Player/Desktop/SocketFile.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -25,6 +26,7 @@ Player::Exit run(int count, const char* const* arguments) {
 // What an instance of libmpv that could not be waited for still uses must not be taken down under it.
 [[noreturn]] void leaveAtOnce(Player::ExitCode code) {
     std::cout.flush();
+    Player::SocketFile::removeAtOnce();
     std::_Exit(static_cast<int>(code));
 }
 

@@ -38,6 +38,12 @@ bool MpvSocket::waitForIt() {
     return eventually([this] { return connect(); });
 }
 
+bool MpvSocket::begin(const std::string& words) {
+    const std::string request = "{\"command\":[" + words + "],\"async\":true}\n";
+    return waitForIt() && send(descriptor_, request.data(), request.size(), MSG_NOSIGNAL) ==
+                              static_cast<ssize_t>(request.size());
+}
+
 bool MpvSocket::leaveBeforeTheAnswer(const std::string& words) {
     const std::string request = "{\"command\":[" + words + "]}\n";
     if (!waitForIt() || shutdown(descriptor_, SHUT_RD) != 0 ||

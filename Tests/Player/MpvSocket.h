@@ -24,6 +24,10 @@ public:
     /// refuses.
     bool command(const std::string& words);
 
+    /// Begins a command that may take long, without waiting for its end, once mpv can be reached. False if
+    /// mpv can't be reached.
+    bool begin(const std::string& words);
+
     /// Sends a command whose answer nobody takes, once mpv can be reached. False if mpv doesn't close the
     /// connection then.
     bool leaveBeforeTheAnswer(const std::string& words);

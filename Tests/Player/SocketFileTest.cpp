@@ -4,13 +4,16 @@
 #include "Tests/Player/MpvSocket.h"
 #include "Tests/Player/PlaybackRun.h"
 #include "Tests/Player/PlayerProgram.h"
+#include "Tests/Player/VirtualScreen.h"
 #include "Tests/Player/WebServer.h"
 
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 
 namespace Player {
@@ -130,6 +133,26 @@ TEST_F(SocketFileTest, IsMadeWhenTheWindowIsThereSoThatNoSignalBeforeItLeavesAFi
     EXPECT_EQ(player->wait(), 128 + SIGHUP);
     EXPECT_FALSE(fs::exists(path));
     close(connection);
+}
+
+// mpv writes a picture into a pipe that nobody reads.
+TEST_F(SocketFileTest, LeavesWithAProgramThatCannotWaitForMpvToEnd) {
+    constexpr auto longestWait = std::chrono::seconds(1);
+    const fs::path pipe = folder.path() / "pipe.png";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const VirtualScreen screen;
+    const auto player =
+        startPlayer({Films::white().string(), "--mute", "--software", "--ipc-server", path.string()},
+                    {{"DISPLAY", screen.name()}});
+    MpvSocket mpv(path);
+    ASSERT_TRUE(eventually([&] { return mpv.number("video-out-params/w").has_value(); })) << player->errors();
+    ASSERT_TRUE(mpv.begin("\"screenshot-to-file\",\"" + pipe.string() + "\",\"video\""));
+    ASSERT_TRUE(mpv.flag("pause"));
+    const auto told = std::chrono::steady_clock::now();
+    player->signal(SIGTERM);
+    EXPECT_EQ(player->wait(), 0) << player->errors();
+    EXPECT_GE(std::chrono::steady_clock::now() - told, longestWait) << "mpv was stuck";
+    EXPECT_FALSE(fs::exists(path));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <glib.h>
 #include <memory>
@@ -56,6 +57,22 @@ std::string unescaped(const std::string& name) {
     const std::unique_ptr<char, decltype(&g_free)> result(g_uri_unescape_string(name.c_str(), nullptr),
                                                           g_free);
     return result ? result.get() : name;
+}
+
+// Files that the system makes up have any size.
+std::optional<std::string> whyNoFirstByte(const std::string& path) {
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return std::strerror(errno);
+    }
+    char first = 0;
+    const ssize_t count = ::read(descriptor, &first, sizeof first);
+    const int error = errno;
+    ::close(descriptor);
+    if (count < 0) {
+        return std::string("it cannot be read: ") + std::strerror(error);
+    }
+    return count == 0 ? std::optional<std::string>("the file is empty") : std::nullopt;
 }
 
 } // namespace
@@ -133,10 +150,7 @@ std::optional<std::string> whyUnreadable(const std::string& path) {
     if (::access(path.c_str(), R_OK) != 0) {
         return std::strerror(errno);
     }
-    if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(path, error) == 0) {
-        return "the file is empty";
-    }
-    return std::nullopt;
+    return std::filesystem::is_regular_file(status) ? whyNoFirstByte(path) : std::nullopt;
 }
 
 } // namespace Player

@@ -3,7 +3,6 @@
 #include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/MpvClient.h"
 #include "Player/Desktop/MpvLists.h"
-#include "Player/Desktop/SourceRules.h"
 
 #include <limits>
 #include <utility>
@@ -74,9 +73,9 @@ void FilmOpening::handle(const mpv_event& event, MpvClient& client) {
 
 void FilmOpening::answer(const mpv_event_hook& question, const MpvClient& client) {
     entryLocation_ = client.text("path").value_or("");
-    const std::optional<std::string> reason = SourceRules::answer(client.handle(), question);
-    if (reason && !isAwaited_) {
-        refusal_ = reason;
+    const std::optional<SourceRules::Refusal> refusal = SourceRules::answer(client.handle(), question);
+    if (refusal && !isAwaited_) {
+        refusal_ = refusal;
         hasRefused_ = true;
     }
 }
@@ -148,7 +147,7 @@ void FilmOpening::noteEnd(const mpv_event_end_file& end) {
 }
 
 void FilmOpening::noteLog(const mpv_event_log_message& message) {
-    const std::optional<std::string> refusal = SourceRules::refusalIn(message.text);
+    const std::optional<SourceRules::Refusal> refusal = SourceRules::refusalIn(message.text);
     if (refusal && !hasRefused_) {
         refusal_ = refusal;
     }
@@ -183,7 +182,9 @@ void FilmOpening::failInVain(const MpvClient& client) {
     } else if (isOneOfMany_ || !endError_) {
         fail("nothing in it can be played");
     } else {
-        nameEntry();
+        if (!refusal_ || refusal_->culprit == SourceRules::Culprit::Film) {
+            nameEntry();
+        }
         fail(describeEnd(client));
     }
 }
@@ -211,7 +212,7 @@ std::string FilmOpening::describeEnd(const MpvClient& client) const {
     constexpr const char* noDecoder =
         "no decoder fits what is in it: it may be damaged, protected or of a rare kind";
     if (refusal_) {
-        return *refusal_;
+        return refusal_->reason;
     }
     switch (*endError_) {
     case MPV_ERROR_UNKNOWN_FORMAT:

@@ -2,6 +2,7 @@
 
 #include "Player/Desktop/ListTrail.h"
 #include "Player/Desktop/OpeningLog.h"
+#include "Player/Desktop/SourceRules.h"
 #include "Player/Overlay/PlaybackError.h"
 
 #include <cstdint>
@@ -75,7 +76,7 @@ private:
     OpeningLog log_;
 
     // What in it was not opened, as it must not be.
-    std::optional<std::string> refusal_;
+    std::optional<SourceRules::Refusal> refusal_;
 
     // The player itself did that, which it tells better than the library.
     bool hasRefused_ = false;

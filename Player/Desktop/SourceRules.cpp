@@ -66,31 +66,32 @@ std::array<std::pair<std::string, std::string>, 3> SourceRules::settings() {
 
 void SourceRules::askFor(mpv_handle* handle) { mpv_hook_add(handle, 0, "on_load", 0); }
 
-std::optional<std::string> SourceRules::answer(mpv_handle* handle, const mpv_event_hook& question) {
-    std::optional<std::string> reason;
+std::optional<SourceRules::Refusal> SourceRules::answer(mpv_handle* handle, const mpv_event_hook& question) {
+    std::optional<Refusal> refusal;
     const std::string location = openFileName(handle);
     const std::string_view scheme = schemeOf(location);
     if (std::find(schemes.begin(), schemes.end(), scheme) == schemes.end()) {
-        reason = "only files and addresses of http, https, rtsp, rtsps, rtmp and rtmps are played";
+        refusal = {Culprit::Film,
+                   "only files and addresses of http, https, rtsp, rtsps, rtmp and rtmps are played"};
         mpv_set_property_string(handle, "stream-open-filename", "");
     } else if (scheme == schemes.front()) {
         mpv_set_property_string(handle, "file-local-options/demuxer-lavf-o", fileOptions().c_str());
     }
     mpv_hook_continue(handle, question.id);
-    return reason;
+    return refusal;
 }
 
-std::optional<std::string> SourceRules::refusalIn(std::string_view message) {
+std::optional<SourceRules::Refusal> SourceRules::refusalIn(std::string_view message) {
     if (message.find("Format not on whitelist") != std::string_view::npos) {
         const std::string_view format = message.substr(0, message.find(": Format"));
-        return "what is of this kind (" + std::string(format) + ") is not played";
+        return Refusal{Culprit::Film, "what is of this kind (" + std::string(format) + ") is not played"};
     }
     if (message.find(" not on whitelist") != std::string_view::npos) {
-        return "it leads to an address that is not opened (" +
-               std::string(between(message, "Protocol '", "'")) + ")";
+        return Refusal{Culprit::Film, "it leads to an address that is not opened (" +
+                                          std::string(between(message, "Protocol '", "'")) + ")"};
     }
     if (message.starts_with("Refusing to load potentially unsafe URL")) {
-        return "a playlist must not lead to such a place";
+        return Refusal{Culprit::List, "a playlist must not lead to such a place"};
     }
     return std::nullopt;
 }

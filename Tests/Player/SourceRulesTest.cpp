@@ -74,6 +74,7 @@ protected:
             EXPECT_FALSE(hasDatagramSocket()) << location;
             return opening.failure() || opening.isAtStart();
         });
+        subject = opening.failure() ? opening.failure()->subject : "";
         return !isOver ? "nothing" : opening.failure() ? opening.failure()->reason : plays;
     }
 
@@ -84,6 +85,9 @@ protected:
     }
 
     TemporaryFolder folder;
+
+    /// What the failure of the last one that was opened is told of.
+    std::string subject;
     MpvClient client{{{"vo", "null"}, {"ao", "null"}, {"network-timeout", "2"}}};
 };
 
@@ -228,6 +232,17 @@ TEST_F(SourceRulesTest, NothingFromAServerLeadsToAFile) {
         const StubbornServer server("HTTP/1.1 302 Found\r\nLocation: " + target +
                                     "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
         EXPECT_NE(open(server.url("film.mkv")), plays) << target;
+    }
+}
+
+TEST_F(SourceRulesTest, ListFromAServerThatNamesAFileIsToldUnderItsOwnName) {
+    const std::string url = "file://" + local().string();
+    for (const std::string& list : {segments(url), "#EXTM3U\n#EXT-X-STREAM-INF:BANDWIDTH=1\n" + url + "\n",
+                                    "#EXTM3U\n" + local().string() + "\n"}) {
+        const StubbornServer server(httpAnswer("200 OK", list));
+        const std::string given = server.url("list.m3u8");
+        EXPECT_EQ(open(given), place);
+        EXPECT_EQ(subject, given);
     }
 }
 

@@ -59,6 +59,13 @@ DesktopWindow::VideoSystem::~VideoSystem() {
     }
 }
 
+void DesktopWindow::WindowRelease::operator()(SDL_Window* window) const {
+    if (const std::optional<XWindow> onServer = XWindow::behind(*window)) {
+        onServer->tellHidden();
+    }
+    SDL_DestroyWindow(window);
+}
+
 std::unique_ptr<DesktopWindow> DesktopWindow::open(const Settings& settings, FilmSource& film,
                                                    Problem& problem) {
     std::unique_ptr<DesktopWindow> window(new DesktopWindow(settings, film));

@@ -87,7 +87,7 @@ private:
         ~VideoSystem();
     };
     struct WindowRelease {
-        void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+        void operator()(SDL_Window* window) const;
     };
 
     DesktopWindow(const Settings& settings, FilmSource& film);

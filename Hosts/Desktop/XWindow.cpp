@@ -24,6 +24,17 @@ bool XWindow::exists() const {
     return !get || get(display_, identifier_, &attributes) != 0;
 }
 
+void XWindow::tellHidden() const {
+    if (const auto putBack = xFunction<decltype(XPutBackEvent)>("XPutBackEvent")) {
+        XEvent event{};
+        event.xunmap.type = UnmapNotify;
+        event.xunmap.display = display_;
+        event.xunmap.event = identifier_;
+        event.xunmap.window = identifier_;
+        putBack(display_, &event);
+    }
+}
+
 // SDL has it put where it also asks for what is copied, and leaves it there.
 std::string XWindow::droppedAddresses() const {
     const auto get = xFunction<decltype(XGetWindowProperty)>("XGetWindowProperty");

@@ -25,6 +25,10 @@ public:
     /// False once another program has destroyed it.
     bool exists() const;
 
+    /// Has whoever waits on this connection for the window to be hidden believe that it was. SDL does before
+    /// it destroys one, and would wait for ever where another program was faster.
+    void tellHidden() const;
+
     /// What was handed over last to be dropped, as a list of addresses in lines; empty if it was something
     /// else.
     std::string droppedAddresses() const;

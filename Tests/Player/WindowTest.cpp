@@ -251,6 +251,18 @@ TEST_P(PlayerWindow, EndsCleanlyInEveryWay) {
     }
 }
 
+// What a window manager says of a window that is gone leaves SDL in doubt about it, but not each time.
+TEST_P(PlayerWindow, EndsWhenItsWindowIsDestroyedUnderAWindowManager) {
+    screen.startWindowManager();
+    for (int run = 0; run < 4; ++run) {
+        const auto player = play(Films::white().string());
+        ASSERT_TRUE(showsWhite()) << run << player->errors();
+        screen.destroyWindow();
+        EXPECT_EQ(player->wait(), 0) << run << player->errors();
+        EXPECT_EQ(player->errors(), "") << run;
+    }
+}
+
 TEST_P(PlayerWindow, EndsWithALineWhenItsConnectionIsCut) {
     const TemporaryFolder folder;
     const fs::path socket = folder.path() / "socket";

@@ -18,6 +18,13 @@ constexpr std::array<std::string_view, 1> liveStreamSigns{"Failed to reload play
 constexpr std::array<std::string_view, 3> incompleteSigns{"incomplete file?", "partial file",
                                                           "partial or corrupt file?"};
 
+// What is left of a film in its last pictures, in seconds.
+constexpr double lastPictures = 2.0;
+
+bool isAtEnd(double position, const std::optional<double>& duration) {
+    return duration && *duration - position <= lastPictures;
+}
+
 template <std::size_t Count>
 bool holdsAny(std::string_view text, const std::array<std::string_view, Count>& signs) {
     return std::any_of(signs.begin(), signs.end(),
@@ -43,14 +50,19 @@ void FilmInterruption::noteLog(const mpv_event_log_message& message) {
     }
 }
 
+void FilmInterruption::follow(double position, const std::optional<double>& duration) {
+    const bool isCarried = isAtEnd(position, duration) && position - place_ > lastPictures;
+    if (!isCarried) {
+        place_ = position;
+    }
+}
+
 // A length may be an estimate. What ends early is interrupted only where something else says so too.
-std::optional<std::string> FilmInterruption::reason(double position,
-                                                    const std::optional<double>& duration) const {
-    constexpr double lastPictures = 2.0;
+std::optional<std::string> FilmInterruption::reason(const std::optional<double>& duration) const {
     if (isLiveStreamLost_) {
         return "the server sends no more of it";
     }
-    if (duration && *duration - position <= lastPictures) {
+    if (isAtEnd(place_, duration)) {
         return std::nullopt;
     }
     if (isConnectionLost_) {

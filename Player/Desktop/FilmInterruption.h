@@ -17,9 +17,19 @@ public:
 
     void noteLog(const mpv_event_log_message& message);
 
-    /// Why a film of that length ended at `position`, both in seconds, as the end of a sentence; nothing
-    /// where that is its end.
-    std::optional<std::string> reason(double position, const std::optional<double>& duration) const;
+    /// The film is sent to `place`, in seconds, and should go on from there.
+    void sendTo(double place) { place_ = place; }
+
+    /// The film, of that length if it is known, is at `position`: there it was sent, or it played until there.
+    void follow(double position, const std::optional<double>& duration);
+
+    /// The last place that the film was sent to or that was played, in seconds. Where nothing is left to be
+    /// read libmpv goes to the end, wherever it was sent: that doesn't count.
+    double place() const { return place_; }
+
+    /// Why a film of that length ended at its last place, as the end of a sentence; nothing where that is
+    /// its end.
+    std::optional<std::string> reason(const std::optional<double>& duration) const;
 
 private:
     /// What tells one state of a file from another.
@@ -36,6 +46,7 @@ private:
     // A file's path; empty for a URL.
     std::string path_;
     std::optional<Stamp> stamp_;
+    double place_ = 0.0;
     bool isConnectionLost_ = false;
     bool isLiveStreamLost_ = false;
     bool isIncomplete_ = false;

@@ -115,6 +115,7 @@ void MpvPlayback::refresh() {
 void MpvPlayback::handle(const mpv_event& event) {
     const bool wasAtStart = opening_.isAtStart();
     const std::optional<bool> hadPicture = properties_.hasPicture;
+    const double formerPosition = properties_.position;
     opening_.handle(event, client_);
     properties_.handle(event);
     seek_.handle(event);
@@ -124,7 +125,6 @@ void MpvPlayback::handle(const mpv_event& event) {
     switch (event.event_id) {
     case MPV_EVENT_START_FILE:
         interruption_.begin(opening_.location());
-        sought_.reset();
         break;
     case MPV_EVENT_FILE_LOADED:
         properties_.beginFilm(client_, opening_.start());
@@ -132,6 +132,7 @@ void MpvPlayback::handle(const mpv_event& event) {
         if (opening_.isOfList()) {
             interruption_.begin(opening_.location());
         }
+        interruption_.sendTo(opening_.start());
         isPictureUnsure_ = true;
         break;
     case MPV_EVENT_QUEUE_OVERFLOW:
@@ -172,6 +173,10 @@ void MpvPlayback::handle(const mpv_event& event) {
         break;
     default:
         break;
+    }
+    // While a place is sought what is said of the former one may still be on its way.
+    if (properties_.position != formerPosition && opening_.isAtStart() && !seek_.isSeeking()) {
+        interruption_.follow(properties_.position, properties_.duration);
     }
     followCache();
 }
@@ -254,9 +259,6 @@ void MpvPlayback::finishSubtitles(const SubtitleFile::Result& result) {
 }
 
 void MpvPlayback::updateState() {
-    if (!seek_.isSeeking() && !properties_.isAtEnd) {
-        sought_.reset();
-    }
     change(state_.error, failure());
     updateFilm();
     change(state_.isPaused, isPausedBelow_.value_or(properties_.isPaused) || step_ != StepStage::None);
@@ -283,7 +285,7 @@ void MpvPlayback::updateFilm() {
     }
     updateLength();
     const bool isInterrupted = state_.error && state_.error->kind == PlaybackError::Kind::Interrupted;
-    const double place = isInterrupted ? lastPlace() : properties_.position;
+    const double place = isInterrupted ? interruption_.place() : properties_.position;
     const double position = isLoaded ? place : opening_.start();
     change(state_.position, std::min(position, state_.duration.value_or(position)));
     static const MpvProperties nothing;
@@ -309,9 +311,6 @@ void MpvPlayback::updateLength() {
 
 bool MpvPlayback::isAtEnd() const { return properties_.isAtEnd && !seek_.isSeeking() && opening_.isLoaded(); }
 
-// Where nothing is left to be read libmpv goes to the end, wherever it was sent.
-double MpvPlayback::lastPlace() const { return sought_.value_or(properties_.position); }
-
 std::optional<PlaybackError> MpvPlayback::failure() const {
     if (client_.failure()) {
         return client_.failure();
@@ -319,7 +318,7 @@ std::optional<PlaybackError> MpvPlayback::failure() const {
     if (opening_.failure() || !isAtEnd()) {
         return opening_.failure();
     }
-    const auto reason = interruption_.reason(lastPlace(), properties_.duration);
+    const auto reason = interruption_.reason(properties_.duration);
     return reason ? std::optional(PlaybackError{PlaybackError::Kind::Interrupted,
                                                 shownLocation(opening_.location()), *reason})
                   : std::nullopt;
@@ -388,8 +387,9 @@ void MpvPlayback::seek(double time, SeekPrecision precision) {
     if (!opening_.isLoaded() || !canSeek(state_)) {
         return;
     }
-    sought_ = nearestPlace(state_, time);
-    const std::string target = std::to_string(*sought_);
+    const double place = nearestPlace(state_, time);
+    interruption_.sendTo(place);
+    const std::string target = std::to_string(place);
     const char* flags = precision == SeekPrecision::Exact ? "absolute+exact" : "absolute+keyframes";
     client_.command({"seek", target.c_str(), flags}, seek_.begin());
     updateState();

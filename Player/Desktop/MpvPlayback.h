@@ -115,7 +115,6 @@ private:
     void followCache();
     void updateLength();
     bool isAtEnd() const;
-    double lastPlace() const;
     std::optional<Overlay::PlaybackError> failure() const;
     void report();
 
@@ -148,9 +147,6 @@ private:
 
     FilmOpening opening_;
     FilmInterruption interruption_;
-
-    // Where the film was sent last, in seconds, until something of it is shown from there.
-    std::optional<double> sought_;
     bool isCacheFollowed_ = false;
     MpvProperties properties_;
     SeekProgress seek_;

@@ -131,34 +131,54 @@ protected:
         interruption.noteLog(message);
     }
 
+    std::optional<std::string> reasonAt(double place, const std::optional<double>& duration) {
+        interruption.sendTo(place);
+        return interruption.reason(duration);
+    }
+
     FilmInterruption interruption;
 };
 
 TEST_F(FilmInterruptionTest, EndThatNothingElseSpeaksAgainstIsTheEnd) {
     interruption.begin(Films::sample().string());
-    EXPECT_FALSE(interruption.reason(12.0, 12.0));
+    EXPECT_FALSE(reasonAt(12.0, 12.0));
     // The length may have been an estimate.
-    EXPECT_FALSE(interruption.reason(5.0, 12.0));
-    EXPECT_FALSE(interruption.reason(5.0, std::nullopt));
+    EXPECT_FALSE(reasonAt(5.0, 12.0));
+    EXPECT_FALSE(reasonAt(5.0, std::nullopt));
 }
 
 TEST_F(FilmInterruptionTest, ConnectionThatCameBackIsForgiven) {
     log("ffmpeg", "http: Stream ends prematurely at 5, should be 10\n");
-    EXPECT_FALSE(interruption.reason(11.0, 12.0));
-    EXPECT_EQ(interruption.reason(5.0, 12.0), "the connection was lost");
-    EXPECT_EQ(interruption.reason(5.0, std::nullopt), "the connection was lost");
+    EXPECT_FALSE(reasonAt(11.0, 12.0));
+    EXPECT_EQ(reasonAt(5.0, 12.0), "the connection was lost");
+    EXPECT_EQ(reasonAt(5.0, std::nullopt), "the connection was lost");
     interruption.begin("http://127.0.0.1/film.mkv");
-    EXPECT_FALSE(interruption.reason(5.0, 12.0));
+    EXPECT_FALSE(reasonAt(5.0, 12.0));
 }
 
 TEST_F(FilmInterruptionTest, FileWhoseLengthTheServerDidNotTellEndsWhereItEnds) {
     log("ffmpeg", "http: Stream ends prematurely at 5, should be 18446744073709551615\n");
-    EXPECT_FALSE(interruption.reason(5.0, std::nullopt));
+    EXPECT_FALSE(reasonAt(5.0, std::nullopt));
+}
+
+TEST_F(FilmInterruptionTest, PlaceIsWhereItWasSentWhenItIsCarriedToTheEndFromThere) {
+    interruption.sendTo(8.0);
+    interruption.follow(12.0, 12.0);
+    EXPECT_EQ(interruption.place(), 8.0);
+    interruption.follow(5.0, 12.0);
+    EXPECT_EQ(interruption.place(), 5.0);
+    interruption.follow(9.9, 12.0);
+    interruption.follow(10.1, 12.0);
+    interruption.follow(12.0, 12.0);
+    EXPECT_EQ(interruption.place(), 12.0);
+    interruption.sendTo(0.0);
+    interruption.follow(12.0, std::nullopt);
+    EXPECT_EQ(interruption.place(), 12.0);
 }
 
 TEST_F(FilmInterruptionTest, LiveStreamThatGoesAwayHasNoLengthToCompareWith) {
     log("ffmpeg/demuxer", "hls: Failed to reload playlist 0\n");
-    EXPECT_EQ(interruption.reason(10.0, 10.0), "the server sends no more of it");
+    EXPECT_EQ(reasonAt(10.0, 10.0), "the server sends no more of it");
 }
 
 } // namespace

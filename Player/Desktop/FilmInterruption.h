@@ -20,7 +20,8 @@ public:
     /// The film is sent to `place`, in seconds, and should go on from there.
     void sendTo(double place) { place_ = place; }
 
-    /// The film, of that length if it is known, is at `position`: there it was sent, or it played until there.
+    /// The film, of that length if it is known, is at `position`: there it was sent, or it played until
+    /// there.
     void follow(double position, const std::optional<double>& duration);
 
     /// The last place that the film was sent to or that was played, in seconds. Where nothing is left to be

@@ -3,12 +3,19 @@
 #include "Player/Desktop/FilmLocation.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <glib.h>
 #include <memory>
+#include <system_error>
 
 namespace Player {
 
 namespace {
 
+namespace fs = std::filesystem;
+
+constexpr std::array<const char*, 2> listExtensions{".m3u", ".m3u8"};
 constexpr std::array<std::string_view, 7> schemes{"file", "http", "https", "rtsp", "rtsps", "rtmp", "rtmps"};
 
 // What lies under those schemes. None of these waits for others to connect.
@@ -48,6 +55,24 @@ std::string openFileName(mpv_handle* handle) {
     return name ? name.get() : "";
 }
 
+// Lists of films need no header. Where they are as short as that the library takes them for none.
+bool isShortList(const std::string& path) {
+    constexpr std::uintmax_t tooShort = 10;
+    const std::string extension = fs::path(path).extension().string();
+    const bool isNamedSo = std::any_of(listExtensions.begin(), listExtensions.end(), [&](const char* each) {
+        return g_ascii_strcasecmp(extension.c_str(), each) == 0;
+    });
+    std::error_code error;
+    return isNamedSo && fs::is_regular_file(path, error) && fs::file_size(path, error) <= tooShort;
+}
+
+void allowFiles(mpv_handle* handle, const std::string& path) {
+    mpv_set_property_string(handle, "file-local-options/demuxer-lavf-o", fileOptions().c_str());
+    if (isShortList(path)) {
+        mpv_set_property_string(handle, "file-local-options/demuxer", "playlist");
+    }
+}
+
 // The first word between two others.
 std::string_view between(std::string_view text, std::string_view before, std::string_view after) {
     const std::size_t start = text.find(before) + before.size();
@@ -75,7 +100,7 @@ std::optional<SourceRules::Refusal> SourceRules::answer(mpv_handle* handle, cons
                    "only files and addresses of http, https, rtsp, rtsps, rtmp and rtmps are played"};
         mpv_set_property_string(handle, "stream-open-filename", "");
     } else if (scheme == schemes.front()) {
-        mpv_set_property_string(handle, "file-local-options/demuxer-lavf-o", fileOptions().c_str());
+        allowFiles(handle, *localPath(location));
     }
     mpv_hook_continue(handle, question.id);
     return refusal;

@@ -52,6 +52,8 @@ INSTANTIATE_TEST_SUITE_P(
         BadList{"Empty", {{"a.m3u", "#EXTM3U\n"}}, nothing},
         BadList{"EmptyPls", {{"a.pls", "[playlist]\nNumberOfEntries=0\n"}}, nothing},
         BadList{"OfItself", {{"a.m3u", "#EXTM3U\na.m3u\n"}}, endless},
+        BadList{"OfItselfWithoutAHeader", {{"list.m3u", "././././list.m3u\n"}}, endless},
+        BadList{"OfItselfAsShortAsCanBe", {{"a.m3u", "a.m3u"}}, endless},
         BadList{"OfItselfByAnotherName", {{"a.m3u", "#EXTM3U\n./././a.m3u\n"}}, endless},
         BadList{"OfItselfManyTimes", {{"a.m3u", "#EXTM3U\na.m3u\na.m3u\na.m3u\n"}}, endless},
         BadList{"PlsOfItself", {{"a.pls", "[playlist]\nFile1=a.pls\nNumberOfEntries=1\n"}}, endless},
@@ -99,6 +101,18 @@ protected:
     const fs::path path_ = folder_.path() / "list.m3u";
     PlaybackRun run;
 };
+
+TEST_F(PlaylistOf, OneFilmNeedsNoHeader) {
+    const fs::path folder = path_.parent_path();
+    fs::create_symlink(Films::white(), folder / "w.mkv");
+    for (const std::string& line : {std::string("w.mkv\n"), std::string("./w.mkv\n"),
+                                    std::string("././w.mkv\n"), Films::white().string() + "\n"}) {
+        for (const char* name : {"a.m3u", "b.M3U8"}) {
+            std::ofstream(folder / name) << line;
+            EXPECT_TRUE(run.open((folder / name).string())) << name << ": " << line << run.error();
+        }
+    }
+}
 
 TEST_F(PlaylistOf, OneMissingFilmTellsWhatIsMissing) {
     run.playback.open(list({"none.mkv"}), 0.0);

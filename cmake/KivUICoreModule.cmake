@@ -16,14 +16,17 @@ if(KIVUICORE_COVERAGE)
   target_link_options(KivUICore_BuildSettings INTERFACE --coverage)
 endif()
 
-# kivuicore_module(<name> [INSTALLED] SOURCES <file>... HEADERS <file>... [LINK <target>...])
+# kivuicore_module(<name> [INSTALLED] SOURCES <file>... HEADERS <file>... [NEEDED_HEADERS <file>...]
+#                  [PRIVATE_HEADERS <file>...] [LINK <target>...])
 #
 # Defines the library of the current folder: the target KivUICore_<name> (KivUICore itself goes without a prefix)
-# and its alias KivUICore::<name>. HEADERS are the public ones; they are included from the repository's root.
+# and its alias KivUICore::<name>. HEADERS are the public face, which an embedder names; they are included from the
+# repository's root. NEEDED_HEADERS are installed with them because one of them needs each, and carry no promise.
+# PRIVATE_HEADERS are for the project's own sources and are not installed.
 # LINK names what the headers need, by alias. An INSTALLED module follows BUILD_SHARED_LIBS and is part of the
 # package; any other is static.
 function(kivuicore_module name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "INSTALLED" "" "SOURCES;HEADERS;LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "INSTALLED" "" "SOURCES;HEADERS;NEEDED_HEADERS;PRIVATE_HEADERS;LINK")
   set(target KivUICore_${name})
   if(name STREQUAL PROJECT_NAME)
     set(target ${PROJECT_NAME})
@@ -38,8 +41,8 @@ function(kivuicore_module name)
   add_library(KivUICore::${name} ALIAS ${target})
   target_sources(
     ${target}
-    PRIVATE ${arg_SOURCES}
-    PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${arg_HEADERS})
+    PRIVATE ${arg_SOURCES} ${arg_PRIVATE_HEADERS}
+    PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${arg_HEADERS} ${arg_NEEDED_HEADERS})
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${arg_LINK} PRIVATE $<BUILD_INTERFACE:KivUICore_BuildSettings>)
   # The whole of a module is its interface: an embedder that hides symbols by default must still find them in a

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Platform/UIKit/Controls/ValueForState.h"
 #include "Platform/UIKit/UIControl.h"
-#include "Platform/UIKit/ValueForState.h"
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/UIKit/TableRows.h"
+#include "Platform/UIKit/Table/TableRows.h"
 #include "Platform/UIKit/UITableViewDataSource.h"
 #include "Platform/UIKit/UITableViewDelegate.h"
 #include "Platform/UIKit/UIView.h"

@@ -3,11 +3,11 @@
 #include "Platform/CoreGraphics/CGContext.h"
 #include "Platform/CoreGraphics/CGGeometry.h"
 #include "Platform/Foundation/NSObject.h"
-#include "Platform/UIKit/AnimationCurve.h"
-#include "Platform/UIKit/Autoresizing.h"
-#include "Platform/UIKit/PropertyAnimations.h"
+#include "Platform/UIKit/Animation/PropertyAnimations.h"
 #include "Platform/UIKit/UITouch.h"
-#include "Platform/UIKit/ViewGeometry.h"
+#include "Platform/UIKit/UIViewAnimationOptions.h"
+#include "Platform/UIKit/UIViewAutoresizing.h"
+#include "Platform/UIKit/View/ViewGeometry.h"
 
 #include <cstddef>
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/UIKit/DamageRegion.h"
+#include "Platform/CoreGraphics/DamageRegion.h"
 #include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
 
@@ -50,7 +50,7 @@ public:
     bool needsDisplay() const { return !damage_.isEmpty(); }
 
     /// What must be drawn again, in the window's coordinates.
-    const DamageRegion& damage() const { return damage_; }
+    const CoreGraphics::DamageRegion& damage() const { return damage_; }
 
     /// Pixels a point, 1.0 at first. Damage covers whole pixels, so that what is drawn again meets what isn't
     /// without a seam. A change makes everything need drawing.
@@ -92,7 +92,7 @@ private:
     static void deliver(UITouch touch, const std::shared_ptr<UIView>& view);
 
     CoreGraphics::CGFloat contentScale_ = 1.0;
-    DamageRegion damage_;
+    CoreGraphics::DamageRegion damage_;
     std::vector<Capture> captures_;
     std::vector<ModalView> modalViews_;
 };

@@ -1,7 +1,7 @@
 #include "Player/Overlay/TimeDisplay.h"
 
 #include "KivUICore/UIComponent/Label.h"
-#include "Platform/UIKit/TextMetrics.h"
+#include "Platform/CoreGraphics/TextMetrics.h"
 #include "Platform/UIKit/UIFont.h"
 #include "Player/Overlay/TimeLabel.h"
 
@@ -28,7 +28,7 @@ CoreGraphics::CGFloat TimeDisplay::widthFor(int hourFigures, Sign sign) const {
     if (sign == Sign::Minus) {
         text = "-" + text;
     }
-    return std::max(usual, std::ceil(UIKit::estimatedTextWidth(text, view_->font()->cgFont())));
+    return std::max(usual, std::ceil(CoreGraphics::estimatedTextWidth(text, view_->font()->cgFont())));
 }
 
 void TimeDisplay::show(std::optional<std::int64_t> seconds, Sign sign) {

@@ -10,16 +10,6 @@ namespace Project {
 
 namespace {
 
-bool isInFolder(const std::string& path, const std::string& folder) {
-    return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
-}
-
-const ModuleRule* ruleFor(const std::string& path, const std::vector<ModuleRule>& rules) {
-    const auto rule = std::find_if(rules.begin(), rules.end(),
-                                   [&](const ModuleRule& each) { return isInFolder(path, each.folder); });
-    return rule == rules.end() ? nullptr : &*rule;
-}
-
 /// Blanks comments and keeps the line breaks, so that line numbers stay right. Literals are stepped over: a
 /// `//` inside one starts no comment.
 std::string withoutComments(std::string_view source) {
@@ -147,6 +137,16 @@ const std::vector<ModuleRule>& moduleRules() {
         };
     }();
     return rules;
+}
+
+bool isInFolder(const std::string& path, const std::string& folder) {
+    return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
+}
+
+const ModuleRule* ruleFor(const std::string& path, const std::vector<ModuleRule>& rules) {
+    const auto rule = std::find_if(rules.begin(), rules.end(),
+                                   [&](const ModuleRule& each) { return isInFolder(path, each.folder); });
+    return rule == rules.end() ? nullptr : &*rule;
 }
 
 std::vector<Include> includesOf(std::string_view source) {

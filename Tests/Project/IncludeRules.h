@@ -38,6 +38,12 @@ struct Violation {
 /// The modules of this project in building order, as Docs/architecture.md has them.
 const std::vector<ModuleRule>& moduleRules();
 
+/// Whether `path` lies in `folder` or in a folder below it.
+bool isInFolder(const std::string& path, const std::string& folder);
+
+/// The rule of the module that `path` lies in, or nothing.
+const ModuleRule* ruleFor(const std::string& path, const std::vector<ModuleRule>& rules);
+
 /// The include directives of a C++ source, in order. Directives inside comments do not count.
 std::vector<Include> includesOf(std::string_view source);
 

@@ -1,6 +1,7 @@
 #include "Tests/Project/IncludeRules.h"
 
-#include <fstream>
+#include "Tests/Project/ScratchFolder.h"
+
 #include <gtest/gtest.h>
 
 using namespace Project;
@@ -16,23 +17,9 @@ bool isAllowed(const std::string& file, const std::string& source) {
     return checkFile(file, source, moduleRules()).empty();
 }
 
-/// A folder that is there as long as the test.
-class ScratchFolder : public testing::Test {
+/// Two modules, one above the other.
+class IncludeTree : public ScratchFolder {
 protected:
-    void SetUp() override {
-        root =
-            std::filesystem::path(testing::TempDir()) /
-            ("include-rules-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
-        std::filesystem::remove_all(root);
-    }
-    void TearDown() override { std::filesystem::remove_all(root); }
-
-    void write(const std::string& file, const std::string& contents) {
-        std::filesystem::create_directories((root / file).parent_path());
-        std::ofstream(root / file) << contents;
-    }
-
-    std::filesystem::path root;
     std::vector<ModuleRule> rules{{"Lower", {}, ModuleRule::External::StandardLibraryOnly, {}},
                                   {"Upper", {"Lower"}, ModuleRule::External::StandardLibraryOnly, {}}};
 };
@@ -136,14 +123,14 @@ TEST(IncludeRules, AFolderIsNotTakenForOneWhoseNameItBegins) {
     EXPECT_EQ(reasonFor("Player/A.cpp", ""), "belongs to no module");
 }
 
-TEST_F(ScratchFolder, ATreeThatKeepsTheOrderPasses) {
+TEST_F(IncludeTree, ATreeThatKeepsTheOrderPasses) {
     write("Lower/A.h", "#include <vector>\n");
     write("Upper/Deep/B.cpp", "#include \"Lower/A.h\"\n");
     write("Tests/C.cpp", "#include <gtest/gtest.h>\n");
     EXPECT_TRUE(checkTree(root, rules, {"Tests"}).empty());
 }
 
-TEST_F(ScratchFolder, AnArrowInADeepFolderIsFoundWithItsLine) {
+TEST_F(IncludeTree, AnArrowInADeepFolderIsFoundWithItsLine) {
     write("Lower/Deep/Deeper/A.inl", "\n#include \"Upper/B.h\"\n");
     write("Upper/B.h", "");
     const auto violations = checkTree(root, rules, {});
@@ -153,20 +140,20 @@ TEST_F(ScratchFolder, AnArrowInADeepFolderIsFoundWithItsLine) {
     EXPECT_EQ(violations.front().reason, "Lower must not know Upper");
 }
 
-TEST_F(ScratchFolder, ASkippedNameCountsOnlyAtTheTop) {
+TEST_F(IncludeTree, ASkippedNameCountsOnlyAtTheTop) {
     write("Lower/Tests/A.cpp", "#include <gtest/gtest.h>\n");
     write("Upper/B.h", "");
     EXPECT_EQ(checkTree(root, rules, {"Tests"}).size(), 1u);
 }
 
-TEST_F(ScratchFolder, AModuleThatIsNotThereIsReported) {
+TEST_F(IncludeTree, AModuleThatIsNotThereIsReported) {
     write("Lower/A.h", "");
     const auto violations = checkTree(root, rules, {});
     ASSERT_EQ(violations.size(), 1u);
     EXPECT_EQ(violations.front().file, "Upper");
 }
 
-TEST_F(ScratchFolder, AFileOutsideEveryModuleIsReported) {
+TEST_F(IncludeTree, AFileOutsideEveryModuleIsReported) {
     write("Lower/A.h", "");
     write("Upper/B.h", "");
     write("Extra/C.cpp", "");

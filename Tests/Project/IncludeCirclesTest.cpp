@@ -1,0 +1,100 @@
+#include "Tests/Project/IncludeCircles.h"
+
+#include "Tests/Project/ScratchFolder.h"
+
+using namespace Project;
+
+namespace {
+
+const std::vector<Circle> defended{
+    {"Platform/Foundation",
+     {"Class", "ClassBuilder", "Encoding", "Message", "NSObject", "Protocol"},
+     "objects, their classes and messages are one idea: an object has a class, a class makes objects, and "
+     "both are sent messages that carry objects"},
+    {"Platform/Foundation",
+     {"NSRunLoop", "NSTimer"},
+     "the loop fires timers, and a timer puts itself into the current loop"},
+    {"Platform/UIKit",
+     {"Animator", "UITouch", "UIView", "UIWindow", "ViewRenderer"},
+     "a view tells its window of damage and the animator of changes; these and the renderer reach into the "
+     "view "
+     "for what is shown"},
+    {"Platform/UIKit",
+     {"PresentationView", "UIPopoverPresentationController", "UIPresentationController", "UIViewController"},
+     "a presentation writes down at both of its controllers that they are in it"},
+    {"Platform/UIKit",
+     {"UIGraphics", "UIImage"},
+     "an image draws into the current context, and a context gives what was drawn as an image"},
+    {"Platform/MediaPlayer",
+     {"MPRouteProvider", "MPVolumeView"},
+     "a provider is told to show itself for a route button, and the button asks its provider"},
+    {"KivUICore", {"BottomBar", "KivBar"}, "a bar knows the bottom bar that it is to stand with"},
+    {"Hosts/Desktop",
+     {"CairoContext", "CairoResources", "PatternTileCache"},
+     "the tiles that a context fills with are drawn by a context of their own"},
+};
+
+class CircleTree : public ScratchFolder {
+protected:
+    std::vector<Circle> circles() const { return includeCircles(root, rules); }
+
+    std::vector<ModuleRule> rules{{"Lower", {}, ModuleRule::External::StandardLibraryOnly, {}},
+                                  {"Upper", {"Lower"}, ModuleRule::External::StandardLibraryOnly, {}}};
+};
+
+using Names = std::set<std::string>;
+
+} // namespace
+
+TEST_F(CircleTree, AnOrderHasNoCircle) {
+    write("Lower/A.h", "");
+    write("Lower/A.cpp", "#include \"Lower/A.h\"\n");
+    write("Lower/B.h", "#include \"Lower/A.h\"\n");
+    write("Upper/A.h", "#include \"Lower/A.h\"\n#include \"Lower/B.h\"\n");
+    EXPECT_TRUE(circles().empty());
+}
+
+TEST_F(CircleTree, AHeaderAndItsSourceAreOneWhereverTheyLie) {
+    write("Lower/A.h", "");
+    write("Lower/Room/A.cpp", "#include \"Lower/Room/B.h\"\n");
+    write("Lower/Room/B.h", "#include \"Lower/A.h\"\n");
+    ASSERT_EQ(circles().size(), 1u);
+    EXPECT_EQ(circles().front().folder, "Lower");
+    EXPECT_EQ(circles().front().units, (Names{"A", "B"}));
+}
+
+TEST_F(CircleTree, ACircleIsFoundOverSeveralStepsAndOnce) {
+    write("Lower/A.h", "#include \"Lower/B.h\"\n");
+    write("Lower/B.h", "#include \"Lower/C.h\"\n");
+    write("Lower/C.cpp", "#include \"Lower/A.h\"\n");
+    write("Lower/Outside.h", "#include \"Lower/A.h\"\n");
+    ASSERT_EQ(circles().size(), 1u);
+    EXPECT_EQ(circles().front().units, (Names{"A", "B", "C"}));
+}
+
+TEST_F(CircleTree, CirclesApartAreFoundApart) {
+    write("Lower/A.h", "#include \"Lower/B.h\"\n");
+    write("Lower/B.h", "#include \"Lower/A.h\"\n#include \"Lower/C.h\"\n");
+    write("Lower/C.h", "#include \"Lower/D.h\"\n");
+    write("Lower/D.h", "#include \"Lower/C.h\"\n");
+    ASSERT_EQ(circles().size(), 2u);
+    EXPECT_EQ(circles().front().units, (Names{"A", "B"}));
+    EXPECT_EQ(circles().back().units, (Names{"C", "D"}));
+}
+
+TEST(IncludeCircles, ADefenceHoldsForExactlyOneCircleAndWithAReason) {
+    const Circle found{"Lower", {"A", "B"}, ""};
+    EXPECT_TRUE(objections({found}, {{"Lower", {"A", "B"}, "why"}}).empty());
+    EXPECT_EQ(objections({found}, {}).size(), 1u);
+    EXPECT_EQ(objections({found}, {{"Lower", {"A", "B"}, ""}}).size(), 1u);
+    EXPECT_EQ(objections({}, {{"Lower", {"A", "B"}, "why"}}).size(), 1u);
+    EXPECT_EQ(objections({found}, {{"Lower", {"A", "B", "C"}, "why"}}).size(), 2u);
+    EXPECT_EQ(objections({found}, {{"Upper", {"A", "B"}, "why"}}).size(), 2u);
+}
+
+TEST(IncludeCircles, ThisProjectHasNoneButThoseDefended) {
+    for (const std::string& objection :
+         objections(includeCircles(KIVUICORE_SOURCE_ROOT, moduleRules()), defended)) {
+        ADD_FAILURE() << objection;
+    }
+}

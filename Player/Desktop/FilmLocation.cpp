@@ -1,6 +1,6 @@
 #include "Player/Desktop/FilmLocation.h"
 
-#include "Hosts/Desktop/ScreenText.h"
+#include "Hosts/Cairo/ScreenText.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -120,7 +120,7 @@ std::string nameOf(const std::string& location) {
         return "Standard input";
     }
     if (!isUrl(location)) {
-        return Desktop::oneLine(std::filesystem::path(location).filename().string());
+        return KivUICore::Cairo::oneLine(std::filesystem::path(location).filename().string());
     }
     const std::string shown = shownLocation(location);
     std::string_view name = shown;
@@ -128,7 +128,7 @@ std::string nameOf(const std::string& location) {
         name = name.substr(0, name.find_first_of("?#"));
     }
     name = name.substr(0, name.find_last_not_of('/') + 1);
-    return Desktop::oneLine(unescaped(std::string(name.substr(name.rfind('/') + 1))));
+    return KivUICore::Cairo::oneLine(unescaped(std::string(name.substr(name.rfind('/') + 1))));
 }
 
 std::optional<std::string> whyUnreadable(const std::string& path) {

@@ -1,6 +1,6 @@
 #include "Player/Desktop/MpvLists.h"
 
-#include "Hosts/Desktop/ScreenText.h"
+#include "Hosts/Cairo/ScreenText.h"
 #include "Player/Desktop/MpvClient.h"
 
 #include <cstdint>
@@ -38,7 +38,9 @@ std::string text(const mpv_node& map, std::string_view key) {
 }
 
 // What a viewer gets to read.
-std::string name(const mpv_node& map, std::string_view key) { return Desktop::oneLine(text(map, key)); }
+std::string name(const mpv_node& map, std::string_view key) {
+    return KivUICore::Cairo::oneLine(text(map, key));
+}
 
 std::int64_t integer(const mpv_node& map, std::string_view key) {
     const mpv_node* value = find(map, key, MPV_FORMAT_INT64);
@@ -97,8 +99,9 @@ std::vector<Overlay::AudioDevice> readAudioDevices(const mpv_node& list) {
         const std::string identifier = text(device, "name");
         if (identifier.find('/') != std::string::npos) {
             const std::string description = name(device, "description");
-            result.push_back({.identifier = identifier,
-                              .name = description.empty() ? Desktop::oneLine(identifier) : description});
+            result.push_back(
+                {.identifier = identifier,
+                 .name = description.empty() ? KivUICore::Cairo::oneLine(identifier) : description});
         }
     }
     constexpr std::size_t leastToChoose = 3;

@@ -10,8 +10,8 @@ namespace Player {
 
 namespace {
 
-using Desktop::PixelBuffer;
-using Desktop::PixelSize;
+using KivUICore::Cairo::PixelBuffer;
+using KivUICore::Cairo::PixelSize;
 
 void* functionByName(void* functionAddress, const char* name) {
     return reinterpret_cast<void* (*)(const char*)>(functionAddress)(name);

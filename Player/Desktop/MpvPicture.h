@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Hosts/Desktop/FilmSource.h"
+#include "Hosts/SDL/FilmSource.h"
 
 #include <functional>
 #include <memory>
@@ -11,7 +11,7 @@ namespace Player {
 class MpvPlayback;
 
 /// The pictures of a film that libmpv plays.
-class MpvPicture final : public Desktop::FilmSource {
+class MpvPicture final : public KivUICore::SDL::FilmSource {
 public:
     /// `playback` outlives it.
     explicit MpvPicture(const MpvPlayback& playback) : playback_(playback) {}
@@ -24,8 +24,8 @@ public:
     bool startMemory() override;
     void stopDrawing() override;
     bool hasNewFrame() override;
-    void drawIntoFramebuffer(unsigned framebuffer, const Desktop::PixelSize& size) override;
-    void drawIntoMemory(const Desktop::PixelBuffer& buffer) override;
+    void drawIntoFramebuffer(unsigned framebuffer, const KivUICore::Cairo::PixelSize& size) override;
+    void drawIntoMemory(const KivUICore::Cairo::PixelBuffer& buffer) override;
     void frameWasShown() override;
 
 private:

@@ -1,6 +1,6 @@
 #include "Player/Desktop/MpvProperties.h"
 
-#include "Hosts/Desktop/ScreenText.h"
+#include "Hosts/Cairo/ScreenText.h"
 #include "Player/Desktop/MpvClient.h"
 #include "Player/Desktop/MpvLists.h"
 
@@ -37,7 +37,7 @@ void takeDuration(MpvProperties& properties, const void* value) {
 
 // What nothing can be seen of is none.
 std::optional<std::string> oneLine(const void* value) {
-    const std::string line = value ? Desktop::oneLine(*static_cast<const char* const*>(value)) : "";
+    const std::string line = value ? KivUICore::Cairo::oneLine(*static_cast<const char* const*>(value)) : "";
     return line.empty() ? std::nullopt : std::optional(line);
 }
 

@@ -14,7 +14,7 @@ namespace Player {
 
 namespace {
 
-using Drawing = Desktop::DesktopWindow::Drawing;
+using Drawing = KivUICore::SDL::DesktopWindow::Drawing;
 
 Drawing drawing(Options::Drawing wanted) {
     switch (wanted) {
@@ -43,8 +43,8 @@ void endByHangUp() {
     }
 }
 
-const char* describe(Desktop::DesktopWindow::Problem problem) {
-    using Problem = Desktop::DesktopWindow::Problem;
+const char* describe(KivUICore::SDL::DesktopWindow::Problem problem) {
+    using Problem = KivUICore::SDL::DesktopWindow::Problem;
     switch (problem) {
     case Problem::NoDisplay:
         return "there is no display to open a window on; start it in a graphical session, or write pictures "
@@ -63,13 +63,14 @@ PlayerApplication::PlayerApplication(const Options& options)
     : options_(options), playback_(playbackSettings(options)) {}
 
 Exit PlayerApplication::run() {
-    Desktop::DesktopWindow::Problem problem{};
+    KivUICore::SDL::DesktopWindow::Problem problem{};
     title_ = nameOf(options_.location);
-    window_ = Desktop::DesktopWindow::open({.title = title_,
-                                            .size = CoreGraphics::CGSizeMake(options_.width, options_.height),
-                                            .scale = options_.scale,
-                                            .drawing = drawing(options_.drawing)},
-                                           picture_, problem);
+    window_ = KivUICore::SDL::DesktopWindow::open(
+        {.title = title_,
+         .size = CoreGraphics::CGSizeMake(options_.width, options_.height),
+         .scale = options_.scale,
+         .drawing = drawing(options_.drawing)},
+        picture_, problem);
     if (!window_) {
         return {ExitCode::Usage,
                 playback_.client().failure() ? lineOf(*playback_.client().failure()) : describe(problem)};

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Hosts/Desktop/DesktopClock.h"
-#include "Hosts/Desktop/DesktopWindow.h"
-#include "Hosts/Desktop/EventLoop.h"
-#include "Hosts/Desktop/WindowDelegate.h"
+#include "Hosts/SDL/DesktopClock.h"
+#include "Hosts/SDL/DesktopWindow.h"
+#include "Hosts/SDL/EventLoop.h"
+#include "Hosts/SDL/WindowDelegate.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Player/Desktop/Exit.h"
 #include "Player/Desktop/MpvPicture.h"
@@ -19,7 +19,7 @@
 namespace Player {
 
 /// The player in its window.
-class PlayerApplication : private Desktop::WindowDelegate, private Overlay::WindowControls {
+class PlayerApplication : private KivUICore::SDL::WindowDelegate, private Overlay::WindowControls {
 public:
     explicit PlayerApplication(const Options& options);
 
@@ -48,13 +48,13 @@ private:
     void close() override;
 
     Options options_;
-    Desktop::DesktopClock clock_;
+    KivUICore::SDL::DesktopClock clock_;
     Foundation::NSRunLoop runLoop_{clock_};
     MpvPlayback playback_;
     MpvPicture picture_{playback_};
-    std::unique_ptr<Desktop::DesktopWindow> window_;
+    std::unique_ptr<KivUICore::SDL::DesktopWindow> window_;
     std::optional<Overlay::PlayerOverlay> overlay_;
-    std::optional<Desktop::EventLoop> loop_;
+    std::optional<KivUICore::SDL::EventLoop> loop_;
 
     // What was told last.
     std::optional<Overlay::PlaybackError> error_;

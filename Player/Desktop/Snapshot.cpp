@@ -1,8 +1,8 @@
 #include "Player/Desktop/Snapshot.h"
 
-#include "Hosts/Desktop/CairoResources.h"
-#include "Hosts/Desktop/FilmPixels.h"
-#include "Hosts/Desktop/OverlaySurface.h"
+#include "Hosts/Cairo/CairoResources.h"
+#include "Hosts/Cairo/FilmPixels.h"
+#include "Hosts/Cairo/OverlaySurface.h"
 #include "Hosts/Headless/VirtualClock.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/UIKit/UIWindow.h"
@@ -32,9 +32,9 @@ namespace Player {
 
 namespace {
 
-using Desktop::CairoSurface;
-using Desktop::FilmPixels;
-using Desktop::PixelSize;
+using KivUICore::Cairo::CairoSurface;
+using KivUICore::Cairo::FilmPixels;
+using KivUICore::Cairo::PixelSize;
 
 /// What went wrong, if anything did.
 using Problem = std::optional<std::string>;
@@ -109,7 +109,7 @@ public:
 };
 
 void drawOverlay(const Options& options, double scale, MpvPlayback& playback,
-                 Desktop::OverlaySurface& surface) {
+                 KivUICore::Cairo::OverlaySurface& surface) {
     const Headless::VirtualClock clock;
     Foundation::NSRunLoop runLoop(clock);
     const auto views =
@@ -120,10 +120,10 @@ void drawOverlay(const Options& options, double scale, MpvPlayback& playback,
     surface.draw(*views);
 }
 
-CairoSurface compose(const FilmPixels& film, const Desktop::OverlaySurface& overlay) {
+CairoSurface compose(const FilmPixels& film, const KivUICore::Cairo::OverlaySurface& overlay) {
     CairoSurface result(
         cairo_image_surface_create(CAIRO_FORMAT_RGB24, overlay.size().width, overlay.size().height));
-    const Desktop::CairoHandle context(cairo_create(result.get()));
+    const KivUICore::Cairo::CairoHandle context(cairo_create(result.get()));
     for (cairo_surface_t* layer : {film.surface(), overlay.surface()}) {
         cairo_set_source_surface(context.get(), layer, 0.0, 0.0);
         cairo_paint(context.get());
@@ -163,8 +163,8 @@ Problem writePictures(const Options& options) {
     if (Problem problem = drawFilm(options, playback, film)) {
         return problem;
     }
-    Desktop::CairoResources resources;
-    Desktop::OverlaySurface overlay(size, scale, resources);
+    KivUICore::Cairo::CairoResources resources;
+    KivUICore::Cairo::OverlaySurface overlay(size, scale, resources);
     drawOverlay(options, scale, playback, overlay);
     const CairoSurface both = compose(film, overlay);
     return writeInto(folder, {film.surface(), overlay.surface(), both.get()});

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Hosts/Desktop/CairoHandles.h"
+#include "Hosts/Cairo/CairoHandles.h"
 
 #include <array>
 #include <cstdint>
@@ -22,7 +22,7 @@ public:
 
     /// Empty if the file is no picture.
     static Picture fromPng(const std::filesystem::path& path) {
-        const Desktop::CairoSurface surface(cairo_image_surface_create_from_png(path.c_str()));
+        const KivUICore::Cairo::CairoSurface surface(cairo_image_surface_create_from_png(path.c_str()));
         if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) {
             return {};
         }

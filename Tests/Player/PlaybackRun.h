@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Hosts/Desktop/FilmPixels.h"
+#include "Hosts/Cairo/FilmPixels.h"
 #include "Player/Desktop/MpvPicture.h"
 #include "Player/Desktop/MpvPlayback.h"
 #include "Tests/Player/Process.h"
@@ -58,7 +58,7 @@ public:
     std::vector<std::string> notices;
     MpvPlayback playback;
     MpvPicture picture{playback};
-    Desktop::FilmPixels pixels{{320, 180}};
+    KivUICore::Cairo::FilmPixels pixels{{320, 180}};
 
 private:
     static MpvPlayback::Settings silent(MpvPlayback::Settings settings) {

@@ -1,4 +1,4 @@
-#include "Hosts/Desktop/XErrorFilter.h"
+#include "Hosts/SDL/XErrorFilter.h"
 
 #include "Tests/Player/VirtualScreen.h"
 
@@ -42,7 +42,7 @@ protected:
 
 TEST_F(XErrorFilterTest, PassesOverErrorsOfItsWindowsAloneWhileItIsThere) {
     {
-        Desktop::XErrorFilter filter;
+        KivUICore::SDL::XErrorFilter filter;
         filter.add(own);
         ask(own);
         EXPECT_EQ(errors, 0);
@@ -55,10 +55,10 @@ TEST_F(XErrorFilterTest, PassesOverErrorsOfItsWindowsAloneWhileItIsThere) {
 }
 
 TEST_F(XErrorFilterTest, TwoAtATimeKnowEachTheirWindows) {
-    Desktop::XErrorFilter first;
+    KivUICore::SDL::XErrorFilter first;
     first.add(own);
     {
-        Desktop::XErrorFilter second;
+        KivUICore::SDL::XErrorFilter second;
         second.add(other);
         ask(own);
         ask(other);
@@ -71,14 +71,14 @@ TEST_F(XErrorFilterTest, TwoAtATimeKnowEachTheirWindows) {
 }
 
 TEST_F(XErrorFilterTest, HandlerThatCameOnTopStaysThere) {
-    auto filter = std::make_unique<Desktop::XErrorFilter>();
+    auto filter = std::make_unique<KivUICore::SDL::XErrorFilter>();
     const XErrorHandler filtering = XSetErrorHandler(ignoreOnTop);
     filter.reset();
     EXPECT_EQ(XSetErrorHandler(filtering), &ignoreOnTop);
     ask(own);
     EXPECT_EQ(errors, 1) << "what is left in the chain hands on";
     // The next one takes its place in the chain, and out of it.
-    filter = std::make_unique<Desktop::XErrorFilter>();
+    filter = std::make_unique<KivUICore::SDL::XErrorFilter>();
     filter->add(own);
     ask(own);
     EXPECT_EQ(errors, 1);

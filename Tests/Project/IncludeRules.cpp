@@ -114,12 +114,14 @@ const std::vector<ModuleRule>& moduleRules() {
         platform.insert("Platform/UIKit");
         const std::set<std::string> belowMediaPlayer = platform;
         platform.insert("Platform/MediaPlayer");
+        std::set<std::string> belowWindow = platform;
+        belowWindow.insert("Hosts/Cairo");
         std::set<std::string> belowFramework = platform;
         belowFramework.insert("KivCore");
         std::set<std::string> portable = belowFramework;
         portable.insert("KivUICore");
         std::set<std::string> all = portable;
-        all.insert({"Hosts/Headless", "Hosts/Desktop", "Player/Overlay"});
+        all.insert({"Hosts/Headless", "Hosts/Cairo", "Hosts/SDL", "Player/Overlay"});
         return std::vector<ModuleRule>{
             {"Platform/Foundation", {}, StandardLibraryOnly, {}},
             {"Platform/CoreGraphics", {}, StandardLibraryOnly, {}},
@@ -128,10 +130,8 @@ const std::vector<ModuleRule>& moduleRules() {
             {"KivCore", {"Platform/Foundation"}, StandardLibraryOnly, {}},
             {"KivUICore", belowFramework, StandardLibraryOnly, {}},
             {"Hosts/Headless", platform, StandardLibraryOnly, {}},
-            {"Hosts/Desktop",
-             platform,
-             Listed,
-             {"SDL", "GL/", "X11/", "cairo", "pango/", "glib", "fontconfig/"}},
+            {"Hosts/Cairo", platform, Listed, {"cairo", "pango/", "glib", "fontconfig/"}},
+            {"Hosts/SDL", belowWindow, Listed, {"SDL", "GL/", "X11/", "cairo"}},
             {"Player/Overlay", portable, StandardLibraryOnly, {}},
             {"Player/Desktop", all, Any, {}},
         };

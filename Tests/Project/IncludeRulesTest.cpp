@@ -64,7 +64,7 @@ TEST(IncludeRules, AModuleMayKnowItselfAndWhatStandsBelow) {
                                                        "#include <vector>\n"));
     EXPECT_TRUE(isAllowed("KivUICore/UIComponent/Button.cpp", "#include \"Platform/UIKit/UIButton.h\""));
     EXPECT_TRUE(
-        isAllowed("Player/Desktop/main.cpp", "#include <mpv/client.h>\n#include \"Hosts/Desktop/Window.h\""));
+        isAllowed("Player/Desktop/main.cpp", "#include <mpv/client.h>\n#include \"Hosts/SDL/Window.h\""));
 }
 
 TEST(IncludeRules, ArrowsAgainstTheOrderAreRefused) {
@@ -80,10 +80,12 @@ TEST(IncludeRules, ArrowsAgainstTheOrderAreRefused) {
               "Platform/MediaPlayer must not know KivCore");
     EXPECT_EQ(reasonFor("KivUICore/A.cpp", "#include \"Hosts/Headless/HeadlessHost.h\""),
               "KivUICore must not know Hosts/Headless");
-    EXPECT_EQ(reasonFor("Hosts/Desktop/A.cpp", "#include \"KivUICore/KivBar.h\""),
-              "Hosts/Desktop must not know KivUICore");
-    EXPECT_EQ(reasonFor("Hosts/Headless/A.cpp", "#include \"Hosts/Desktop/Window.h\""),
-              "Hosts/Headless must not know Hosts/Desktop");
+    EXPECT_EQ(reasonFor("Hosts/SDL/A.cpp", "#include \"KivUICore/KivBar.h\""),
+              "Hosts/SDL must not know KivUICore");
+    EXPECT_EQ(reasonFor("Hosts/Cairo/A.cpp", "#include \"Hosts/SDL/DesktopWindow.h\""),
+              "Hosts/Cairo must not know Hosts/SDL");
+    EXPECT_EQ(reasonFor("Hosts/Headless/A.cpp", "#include \"Hosts/SDL/Window.h\""),
+              "Hosts/Headless must not know Hosts/SDL");
     EXPECT_EQ(reasonFor("Player/Overlay/A.cpp", "#include \"Hosts/Headless/HeadlessHost.h\""),
               "Player/Overlay must not know Hosts/Headless");
 }
@@ -100,12 +102,19 @@ TEST(IncludeRules, ForeignHeadersAreRefusedWhereOnlyTheStandardLibraryIsAllowed)
     }
 }
 
-TEST(IncludeRules, TheDesktopHostKnowsItsLibrariesAndNoPlayer) {
-    EXPECT_TRUE(isAllowed("Hosts/Desktop/A.cpp",
-                          "#include <SDL.h>\n#include <cairo.h>\n#include <SDL_opengl.h>\n"
-                          "#include <pango/pangocairo.h>\n"));
-    EXPECT_EQ(reasonFor("Hosts/Desktop/A.cpp", "#include <mpv/client.h>"),
-              "<mpv/client.h> is not for Hosts/Desktop");
+TEST(IncludeRules, TheHostWithAWindowKnowsItsLibrariesAndNoPlayer) {
+    EXPECT_TRUE(isAllowed("Hosts/SDL/A.cpp", "#include <SDL.h>\n#include <cairo.h>\n#include <SDL_opengl.h>\n"
+                                             "#include \"Hosts/Cairo/OverlaySurface.h\"\n"));
+    EXPECT_EQ(reasonFor("Hosts/SDL/A.cpp", "#include <mpv/client.h>"), "<mpv/client.h> is not for Hosts/SDL");
+}
+
+TEST(IncludeRules, TheHostThatDrawsKnowsNoWindowSystem) {
+    EXPECT_TRUE(isAllowed("Hosts/Cairo/A.cpp", "#include <cairo.h>\n#include <pango/pangocairo.h>\n"
+                                               "#include <glib.h>\n#include <fontconfig/fontconfig.h>\n"));
+    for (const std::string header : {"SDL.h", "SDL_opengl.h", "GL/gl.h", "X11/Xlib.h"}) {
+        EXPECT_EQ(reasonFor("Hosts/Cairo/A.cpp", "#include <" + header + ">"),
+                  "<" + header + "> is not for Hosts/Cairo");
+    }
 }
 
 TEST(IncludeRules, PathsThatDoNotStartAtTheRootAreRefused) {

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Hosts/Cairo/CairoHandles.h"
+#include "Hosts/Cairo/GenerationCache.h"
+#include "Platform/CoreGraphics/CGDrawing.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+
+namespace KivUICore::Cairo {
+
+struct CairoResources;
+
+/// One or more whole copies of a pattern's cell as pixels, to be repeated without a seam.
+struct PatternTile {
+    CairoSurface surface;
+    int columns = 1;
+    int rows = 1;
+};
+
+/// Pattern cells drawn at the device's resolution, kept so that a pattern that is filled again is not drawn
+/// again.
+class PatternTileCache {
+public:
+    PatternTileCache();
+
+    /// `scaleX` and `scaleY` are pixels a point, above zero; so is the size of `cell`. Null when there is no
+    /// memory for it. Valid until the next call.
+    const PatternTile* tile(const std::shared_ptr<const CoreGraphics::CGDrawing>& cell, double scaleX,
+                            double scaleY, CairoResources& resources);
+
+private:
+    struct Key {
+        std::shared_ptr<const CoreGraphics::CGDrawing> cell;
+        double scaleX;
+        double scaleY;
+
+        friend bool operator==(const Key&, const Key&) = default;
+    };
+    struct Hash {
+        std::size_t operator()(const Key& key) const;
+    };
+
+    GenerationCache<Key, PatternTile, Hash, std::equal_to<>> tiles_;
+};
+
+} // namespace KivUICore::Cairo

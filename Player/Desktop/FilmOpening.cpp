@@ -14,6 +14,9 @@ namespace {
 // No seek ever counts that far.
 constexpr std::uint64_t openCommand = std::numeric_limits<std::uint64_t>::max() - 1;
 
+// Each takes the library a millisecond or more, and a server's much more.
+constexpr int mostTries = 1000;
+
 } // namespace
 
 void FilmOpening::begin(MpvClient& client, const std::string& location, double start) {
@@ -88,6 +91,7 @@ void FilmOpening::noteStart(std::int64_t entry, const MpvClient& client) {
     } else {
         isOneOfMany_ = isOneOfMany_ || lists_.includes(entry_);
         isIdle_ = false;
+        ++tries_;
     }
     entry_ = entry;
 }
@@ -163,6 +167,9 @@ void FilmOpening::conclude(MpvClient& client) {
     if (lists_.isEndless()) {
         client.command({"stop"});
         fail("it leads from one list to the next without end");
+    } else if (tries_ > mostTries && !isLoaded_) {
+        client.command({"stop"});
+        fail("none of the first " + std::to_string(mostTries) + " films in it can be played");
     } else if (isInVain(client)) {
         failInVain(client);
     }

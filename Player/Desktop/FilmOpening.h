@@ -16,7 +16,7 @@ class MpvClient;
 
 /// How a film is opened, and whether it turns out to be one. Works for one film after the other, also for
 /// those that another program has the library open. A list of films is opened as the first of them that can
-/// be played.
+/// be played; where that is none of the first thousand, it is given up.
 class FilmOpening {
 public:
     /// Asks `client` to open a file or URL, to be played from `start` in seconds; one beyond the end is the
@@ -86,6 +86,9 @@ private:
     std::int64_t entry_ = 0;
     std::string entryLocation_;
     bool isOneOfMany_ = false;
+
+    // How many entries of lists were begun.
+    int tries_ = 0;
     double begin_ = 0.0;
 
     // Until the library begins with the film, what it tells is about the one before; and until it answered

@@ -32,6 +32,7 @@ void PrintTo(const BadList& list, std::ostream* stream) { *stream << list.name; 
 
 constexpr const char* endless = "it leads from one list to the next without end";
 constexpr const char* nothing = "there is nothing in it to play";
+constexpr const char* noneOfTheFirst = "none of the first 1000 films in it can be played";
 
 class ListThatCannotBePlayed : public testing::TestWithParam<BadList> {};
 
@@ -97,6 +98,15 @@ protected:
         return run.until([this] { return run.state().error.has_value(); });
     }
 
+    // As each entry takes a turn of its own.
+    bool failsWithoutAPause() {
+        const auto end = std::chrono::steady_clock::now() + Process::patience;
+        while (!run.state().error && std::chrono::steady_clock::now() < end) {
+            run.turn();
+        }
+        return run.state().error.has_value();
+    }
+
     const TemporaryFolder folder_;
     const fs::path path_ = folder_.path() / "list.m3u";
     PlaybackRun run;
@@ -137,8 +147,29 @@ TEST_F(PlaylistOf, ThousandsOfMissingFilmsLeavesTimeForOtherThings) {
         const auto start = std::exchange(now, std::chrono::steady_clock::now());
         longest = std::max(longest, now - start);
     }
-    EXPECT_EQ(run.error(), "cannot play '" + path_.string() + "': nothing in it can be played");
+    EXPECT_EQ(run.error(), "cannot play '" + path_.string() + "': " + noneOfTheFirst);
     EXPECT_LT(longest, std::chrono::seconds(1));
+}
+
+TEST_F(PlaylistOf, ThousandMissingFilmsIsTriedToItsEnd) {
+    run.playback.open(list(missing(1000)), 0.0);
+    ASSERT_TRUE(failsWithoutAPause());
+    EXPECT_EQ(run.error(), "cannot play '" + path_.string() + "': nothing in it can be played");
+}
+
+TEST_F(PlaylistOf, EndlesslyManyMissingFilmsIsGivenUpAndAnotherFilmPlays) {
+    run.playback.open(list(missing(20000)), 0.0);
+    ASSERT_TRUE(failsWithoutAPause());
+    EXPECT_EQ(run.error(), "cannot play '" + path_.string() + "': " + noneOfTheFirst);
+    ASSERT_TRUE(run.open(Films::white().string()));
+    EXPECT_FALSE(run.state().error);
+}
+
+TEST_F(PlaylistOf, EndlesslyManyMissingFilmsEndsASnapshotBeforeItsTime) {
+    const auto player =
+        startPlayer({list(missing(20000)), "--snapshot", (folder_.path() / "pictures").string()});
+    EXPECT_EQ(player->wait(), 1);
+    EXPECT_EQ(player->errors(), "kivplayer: cannot play '" + path_.string() + "': " + noneOfTheFirst + "\n");
 }
 
 } // namespace

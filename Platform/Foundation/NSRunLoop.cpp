@@ -1,7 +1,6 @@
 #include "Platform/Foundation/NSRunLoop.h"
 
 #include "Platform/Foundation/FatalError.h"
-#include "Platform/Foundation/NSTimer.h"
 #include "Platform/Foundation/ScopeExit.h"
 
 #include <algorithm>
@@ -19,6 +18,12 @@ constexpr double longestJump = 1e9;
 
 } // namespace
 
+void NSRunLoop::Timer::enqueue(NSRunLoop& loop, double time) {
+    loop.timers_.insert(*this, time > loop.now_ ? time : loop.now_);
+}
+
+void NSRunLoop::Timer::dequeue(NSRunLoop& loop) { loop.timers_.remove(*this); }
+
 NSRunLoop::NSRunLoop(const Clock& clock) : clock_(clock), previous_(current), origin_(clock.now()) {
     current = this;
 }
@@ -29,8 +34,8 @@ NSRunLoop::~NSRunLoop() {
     }
     // While the loop is still the current one: what is let go here may look for it, and may schedule anew.
     while (timers_.first() || !sources_.empty()) {
-        if (TimerQueue::Entry* entry = timers_.first()) {
-            static_cast<NSTimer*>(entry)->invalidate();
+        if (Timer* timer = firstTimer()) {
+            timer->loopEnds();
         } else {
             const std::unique_ptr<Source> source = std::move(sources_.back());
             sources_.pop_back();
@@ -87,10 +92,10 @@ void NSRunLoop::turn() {
 
 void NSRunLoop::fireTimers() {
     const std::uint64_t scheduledInThisTurn = timers_.nextOrder();
-    for (TimerQueue::Entry* entry = timers_.first();
-         entry && entry->deadline() <= now_ + tolerance && entry->order() < scheduledInThisTurn;
-         entry = timers_.first()) {
-        static_cast<NSTimer*>(entry)->fire();
+    for (Timer* timer = firstTimer();
+         timer && timer->deadline() <= now_ + tolerance && timer->order() < scheduledInThisTurn;
+         timer = firstTimer()) {
+        timer->fire();
     }
 }
 

@@ -31,6 +31,26 @@ public:
         virtual void turn(double now) = 0;
     };
 
+    /// What the loop knows of a timer: it is in the queue of one loop, or in none.
+    class Timer : protected TimerQueue::Entry {
+    protected:
+        ~Timer() = default;
+
+        /// `time` is the loop's; one that has passed, or is not a number, means the next turn. The timer
+        /// is in no queue.
+        void enqueue(NSRunLoop& loop, double time);
+        void dequeue(NSRunLoop& loop);
+
+    private:
+        friend class NSRunLoop;
+
+        /// The time has come. Leaves the queue, or goes to another place there.
+        virtual void fire() = 0;
+
+        /// The loop ends. Leaves the queue.
+        virtual void loopEnds() = 0;
+    };
+
     /// What is due in so many seconds is due: times are sums, and rounded. A host that waits until a certain
     /// time thus finds all the work of that time there.
     static constexpr double tolerance = 1e-7;
@@ -65,8 +85,7 @@ public:
     T& source();
 
 private:
-    friend class NSTimer;
-
+    Timer* firstTimer() const { return static_cast<Timer*>(timers_.first()); }
     void fireTimers();
     void turnSources();
 

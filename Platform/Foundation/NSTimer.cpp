@@ -1,7 +1,6 @@
 #include "Platform/Foundation/NSTimer.h"
 
 #include "Platform/Foundation/ClassBuilder.h"
-#include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/Foundation/ScopeExit.h"
 
 #include <cmath>
@@ -9,13 +8,6 @@
 #include <utility>
 
 namespace Foundation {
-
-namespace {
-
-// The second for what is earlier or is no time at all.
-double timeNotBefore(double time, double now) { return time > now ? time : now; }
-
-} // namespace
 
 const Class& NSTimer::classObject() {
     static const Class& object = ClassBuilder<NSTimer, NSObject>("Foundation.NSTimer")
@@ -54,8 +46,7 @@ std::shared_ptr<NSTimer> NSTimer::schedule(double interval, bool repeats) {
     timer->repeats_ = repeats;
     timer->loop_ = &loop;
     timer->scheduled_ = timer;
-    const double now = loop.now();
-    loop.timers_.insert(*timer, timeNotBefore(now + interval, now));
+    timer->enqueue(loop, loop.now() + interval);
     return timer;
 }
 
@@ -63,7 +54,7 @@ void NSTimer::invalidate() {
     if (!loop_) {
         return;
     }
-    std::exchange(loop_, nullptr)->timers_.remove(*this);
+    dequeue(*std::exchange(loop_, nullptr));
     // They go when all else is settled: any of them may be the last reference, to this timer too.
     const auto target = std::move(target_);
     const auto block = std::exchange(block_, {});
@@ -75,8 +66,8 @@ double NSTimer::fireDate() const { return loop_ ? deadline() : std::numeric_limi
 
 void NSTimer::setFireDate(double time) {
     if (loop_) {
-        loop_->timers_.remove(*this);
-        loop_->timers_.insert(*this, timeNotBefore(time, loop_->now_));
+        dequeue(*loop_);
+        enqueue(*loop_, time);
     }
 }
 

@@ -2,18 +2,16 @@
 
 #include "Platform/Foundation/Block.h"
 #include "Platform/Foundation/NSObject.h"
-#include "Platform/Foundation/TimerQueue.h"
+#include "Platform/Foundation/NSRunLoop.h"
 
 #include <memory>
 
 namespace Foundation {
 
-class NSRunLoop;
-
 /// Calls something after an interval, once or repeatedly. While it is scheduled the run loop holds the timer,
 /// and the timer holds its target; both are let go when it has fired for the last time or is invalidated. The
 /// callback may schedule, invalidate or tear down anything, this timer included.
-class NSTimer : public NSObject, private TimerQueue::Entry {
+class NSTimer : public NSObject, private NSRunLoop::Timer {
 public:
     static const Class& classObject();
 
@@ -49,11 +47,10 @@ public:
     void setFireDate(double time);
 
 private:
-    friend class NSRunLoop;
-
     static std::shared_ptr<NSTimer> schedule(double interval, bool repeats);
 
-    void fire();
+    void fire() override;
+    void loopEnds() override { invalidate(); }
     void scheduleNext();
 
     double interval_ = 0.0;

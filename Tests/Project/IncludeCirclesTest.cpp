@@ -11,9 +11,6 @@ const std::vector<Circle> defended{
      {"Class", "ClassBuilder", "Encoding", "Message", "NSObject", "Protocol"},
      "objects, their classes and messages are one idea: an object has a class, a class makes objects, and "
      "both are sent messages that carry objects"},
-    {"Platform/Foundation",
-     {"NSRunLoop", "NSTimer"},
-     "the loop fires timers, and a timer puts itself into the current loop"},
     {"Platform/UIKit",
      {"Animator", "UITouch", "UIView", "UIWindow", "ViewRenderer"},
      "a view tells its window of damage and the animator of changes; these and the renderer reach into the "

@@ -1,7 +1,7 @@
 #include "Platform/UIKit/UIImage.h"
 
 #include "Platform/Foundation/ClassBuilder.h"
-#include "Platform/UIKit/UIGraphics.h"
+#include "Platform/UIKit/Drawing/ImageContexts.h"
 
 #include <utility>
 
@@ -32,7 +32,7 @@ bool UIImage::init(const std::shared_ptr<const CGDrawing>& drawing) {
 }
 
 void UIImage::drawInRect(const CGRect& rect) const {
-    if (CGContext* context = UIGraphicsGetCurrentContext()) {
+    if (CGContext* context = ImageContexts::current()) {
         drawing_->draw(*context, rect);
     }
 }

@@ -1,7 +1,8 @@
 #include "Platform/MediaPlayer/MPRouteProvider.h"
 
 #include "Platform/Foundation/FatalError.h"
-#include "Platform/MediaPlayer/MPVolumeView.h"
+#include "Platform/MediaPlayer/RouteChanges.h"
+#include "Platform/UIKit/UIView.h"
 
 #include <algorithm>
 
@@ -49,9 +50,9 @@ void MPRouteProvider::install(const std::shared_ptr<MPRouteProvider>& provider,
     if (provider) {
         installations().push_back({root, provider});
     }
-    MPVolumeView::updateAll();
+    RouteChanges::tell();
 }
 
-void MPRouteProvider::routesDidChange() const { MPVolumeView::updateAll(); }
+void MPRouteProvider::routesDidChange() const { RouteChanges::tell(); }
 
 } // namespace MediaPlayer

@@ -4,10 +4,9 @@
 #include "Platform/CoreGraphics/CGRecordingContext.h"
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/MediaPlayer/MPRouteProvider.h"
+#include "Platform/MediaPlayer/RouteChanges.h"
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UIImage.h"
-
-#include <vector>
 
 namespace MediaPlayer {
 
@@ -20,11 +19,6 @@ constexpr CGSize fittingSize{55.0, 32.0};
 
 // Above and below, touches are taken further: up to the whole height of a bar.
 constexpr CGFloat reach = 9.0;
-
-std::vector<std::weak_ptr<MPVolumeView>>& allViews() {
-    static std::vector<std::weak_ptr<MPVolumeView>> views;
-    return views;
-}
 
 // A loudspeaker and the sound that comes out of it.
 std::shared_ptr<const CGDrawing> routeDrawing() {
@@ -72,8 +66,7 @@ bool MPVolumeView::init(const CGRect& frame) {
     button_->addTarget(self(this), "chooseRoute", UIKit::UIControlEventTouchUpInside);
     addSubview(button_);
     update();
-    std::erase_if(allViews(), [](const std::weak_ptr<MPVolumeView>& each) { return each.expired(); });
-    allViews().push_back(self(this));
+    RouteChanges::observe(self(this), [this] { update(); });
     return true;
 }
 
@@ -102,15 +95,6 @@ bool MPVolumeView::pointInside(const CGPoint& point) const {
 }
 
 void MPVolumeView::didMoveToWindow() { update(); }
-
-void MPVolumeView::updateAll() {
-    const std::vector<std::weak_ptr<MPVolumeView>> views = allViews();
-    for (const std::weak_ptr<MPVolumeView>& each : views) {
-        if (const std::shared_ptr<MPVolumeView> view = each.lock()) {
-            view->update();
-        }
-    }
-}
 
 void MPVolumeView::update() {
     const std::shared_ptr<MPRouteProvider> provider = MPRouteProvider::providerFor(*this);

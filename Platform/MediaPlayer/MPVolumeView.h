@@ -42,9 +42,6 @@ protected:
     void didMoveToWindow() override;
 
 private:
-    friend class MPRouteProvider;
-
-    static void updateAll();
     static std::shared_ptr<UIKit::UIImage> routeImage();
 
     void update();

@@ -1,6 +1,5 @@
 #include "KivUICore/KivBar.h"
 
-#include "KivUICore/Bottom/BottomBar.h"
 #include "KivUICore/UIComponent/SeekBar.h"
 #include "KivUICore/UIElement/UIElement.h"
 #include "Platform/Foundation/ClassBuilder.h"
@@ -303,7 +302,7 @@ void KivBar::handleAnimationWithAlpha(CGFloat alpha) {
 // Column layout
 
 void KivBar::updateBarFrameWithFrame(const CGRect& frame) {
-    const CGFloat y = isKindOfClass(BottomBar::classObject()) ? CGRectGetHeight(frame) - barHeight() : 0.0;
+    const CGFloat y = edge_ == Edge::Bottom ? CGRectGetHeight(frame) - barHeight() : 0.0;
     const CGRect barRect = CGRectMake(0.0, y, CGRectGetWidth(frame), barHeight());
     const auto layOut = [this, alive = weak_from_this().lock(), barRect] {
         container("updateBarFrameWithFrame:")->setFrame(barRect);

@@ -31,6 +31,8 @@ class UIElement;
 /// Superview, container view and controls are never nothing: handing in nothing for one is a fatal report.
 class KivBar : public Foundation::NSObject {
 public:
+    KivBar() = default;
+
     static const Foundation::Class& classObject();
 
     using Elemets = std::vector<std::shared_ptr<UIElement>>;
@@ -136,6 +138,11 @@ public:
     virtual void clean();
 
 protected:
+    /// The edge of the superview that the bar follows.
+    enum class Edge { Top, Bottom };
+
+    explicit KivBar(Edge edge) : edge_(edge) {}
+
     void dealloc() override;
 
 private:
@@ -146,6 +153,7 @@ private:
     void finishPlacing(const std::shared_ptr<UIKit::UIView>& slot,
                        const std::shared_ptr<UIComponent>& component, std::int64_t size);
 
+    Edge edge_ = Edge::Top;
     std::shared_ptr<UIKit::UIView> superview_;
     std::shared_ptr<UIKit::UIView> view_;
     std::shared_ptr<Foundation::NSTimer> autoHideTimer_;

@@ -10,6 +10,8 @@ namespace KivUICore {
 /// follow the superview's size by itself: hand it the new frame by `updateBarFrameWithFrame`.
 class BottomBar : public KivBar {
 public:
+    BottomBar() : KivBar(Edge::Bottom) {}
+
     static const Foundation::Class& classObject();
 
     using KivBar::init;

@@ -14,12 +14,10 @@ const std::vector<Circle> defended{
     {"Platform/UIKit",
      {"Animator", "UITouch", "UIView", "UIWindow", "ViewRenderer"},
      "a view tells its window of damage and the animator of changes; these and the renderer reach into the "
-     "view "
-     "for what is shown"},
+     "view for what is shown"},
     {"Platform/UIKit",
      {"PresentationView", "UIPopoverPresentationController", "UIPresentationController", "UIViewController"},
      "a presentation writes down at both of its controllers that they are in it"},
-    {"KivUICore", {"BottomBar", "KivBar"}, "a bar knows the bottom bar that it is to stand with"},
     {"Hosts/Desktop",
      {"CairoContext", "CairoResources", "PatternTileCache"},
      "the tiles that a context fills with are drawn by a context of their own"},

@@ -18,7 +18,7 @@ const std::vector<Circle> defended{
     {"Platform/UIKit",
      {"PresentationView", "UIPopoverPresentationController", "UIPresentationController", "UIViewController"},
      "a presentation writes down at both of its controllers that they are in it"},
-    {"Hosts/Desktop",
+    {"Hosts/Cairo",
      {"CairoContext", "CairoResources", "PatternTileCache"},
      "the tiles that a context fills with are drawn by a context of their own"},
 };

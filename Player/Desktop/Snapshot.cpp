@@ -15,6 +15,7 @@
 #include "Player/Overlay/PlayerOverlay.h"
 #include "Player/Overlay/WindowControls.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -70,6 +71,29 @@ std::string whyImpatient(const Options& options) {
     return reason.str();
 }
 
+// The last picture may stand some time before the end.
+bool isShortOf(double place, const Overlay::PlaybackState& state) {
+    constexpr double tolerance = 2.0;
+    return std::min(place, state.duration.value_or(0.0)) - state.position > tolerance;
+}
+
+// A file that is cut off has no more than its last picture. What a server sends may break off, or be sent
+// from its beginning alone.
+Problem problemOf(const MpvPlayback& playback, const Options& options) {
+    using Overlay::PlaybackError;
+    const Overlay::PlaybackState& state = playback.state();
+    const std::string location = playback.client().text("path").value_or(options.location);
+    const bool isLocal = localPath(location).has_value();
+    if (state.error && !(isLocal && state.error->kind == PlaybackError::Kind::Interrupted)) {
+        return lineOf(*state.error);
+    }
+    if (!isLocal && isShortOf(options.start, state)) {
+        return lineOf(PlaybackError{PlaybackError::Kind::Unplayable, shownLocation(location),
+                                    "the place asked for could not be reached"});
+    }
+    return std::nullopt;
+}
+
 Problem drawFilm(const Options& options, MpvPlayback& playback, const FilmPixels& pixels) {
     const auto end = endOfPatience(options);
     WakeUpSignal signal;
@@ -96,7 +120,7 @@ Problem drawFilm(const Options& options, MpvPlayback& playback, const FilmPixels
         return lineOf(Overlay::PlaybackError{Overlay::PlaybackError::Kind::Unplayable,
                                              shownLocation(options.location), whyImpatient(options)});
     }
-    return isPlayable(state) ? std::nullopt : Problem(lineOf(*state.error));
+    return problemOf(playback, options);
 }
 
 /// There is no window around a picture.

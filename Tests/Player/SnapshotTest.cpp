@@ -2,12 +2,14 @@
 #include "Tests/Player/Films.h"
 #include "Tests/Player/Picture.h"
 #include "Tests/Player/PlayerProgram.h"
+#include "Tests/Player/StubbornServer.h"
 
 #include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iterator>
 
 namespace Player {
 
@@ -26,11 +28,11 @@ struct Snapshot {
     Picture both;
 };
 
-Snapshot snapshot(const fs::path& film, const std::vector<std::string>& options) {
+Snapshot snapshot(const std::string& film, const std::vector<std::string>& options) {
     const TemporaryFolder folder;
     // A folder that isn't there yet, and neither is the one above it.
     const fs::path pictures = folder.path() / "new" / "pictures";
-    std::vector<std::string> arguments{film.string(), "--snapshot", pictures.string()};
+    std::vector<std::string> arguments{film, "--snapshot", pictures.string()};
     arguments.insert(arguments.end(), options.begin(), options.end());
     const auto player = startPlayer(arguments);
     Snapshot result;
@@ -209,6 +211,24 @@ TEST(Snapshot, FilmThatIsCutOffPlaysAsFarAsItGoes) {
     const Snapshot beyond = snapshot(half, {"--at", "11"});
     EXPECT_EQ(beyond.exitCode, 0) << beyond.errors;
     EXPECT_EQ(beyond.film.width(), 1280);
+}
+
+TEST(Snapshot, PlaceBeyondWhereAConnectionBreaksOffIsToldInOneLine) {
+    std::ifstream film(Films::sample(), std::ios::binary);
+    const std::string whole{std::istreambuf_iterator<char>(film), {}};
+    const StubbornServer server("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(whole.size()) +
+                                "\r\nConnection: close\r\n\r\n" + whole.substr(0, whole.size() / 2));
+    const std::string url = server.url("film.mkv");
+    for (const char* time : {"9", "5000"}) {
+        const Snapshot beyond = snapshot(url, {"--at", time});
+        EXPECT_EQ(beyond.exitCode, 1);
+        EXPECT_EQ(beyond.errors,
+                  "kivplayer: cannot play '" + url + "': the place asked for could not be reached\n");
+        EXPECT_EQ(beyond.film.width(), 0);
+    }
+    const Snapshot inside = snapshot(url, {"--at", "2"});
+    EXPECT_EQ(inside.exitCode, 0) << inside.errors;
+    EXPECT_EQ(inside.errors, "");
 }
 
 std::vector<std::string> namesIn(const fs::path& folder) {

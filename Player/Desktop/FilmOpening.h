@@ -3,7 +3,7 @@
 #include "Player/Desktop/ListTrail.h"
 #include "Player/Desktop/OpeningLog.h"
 #include "Player/Desktop/SourceRules.h"
-#include "Player/Overlay/PlaybackError.h"
+#include "Player/Overlay/Film/PlaybackError.h"
 
 #include <cstdint>
 #include <mpv/client.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Player/Overlay/PlaybackError.h"
+#include "Player/Overlay/Film/PlaybackError.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Player/Overlay/PlaybackState.h"
+#include "Player/Overlay/Film/PlaybackState.h"
 
 #include <cstdint>
 #include <mpv/client.h>

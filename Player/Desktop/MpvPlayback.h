@@ -8,7 +8,7 @@
 #include "Player/Desktop/SeekProgress.h"
 #include "Player/Desktop/SocketFile.h"
 #include "Player/Desktop/SubtitleFile.h"
-#include "Player/Overlay/Playback.h"
+#include "Player/Overlay/Film/Playback.h"
 
 #include <functional>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Player/Desktop/MpvLists.h"
-#include "Player/Overlay/PlaybackState.h"
+#include "Player/Overlay/Film/PlaybackState.h"
 
 #include <mpv/client.h>
 #include <optional>

@@ -1,10 +1,10 @@
 #include "Player/Overlay/PlayerOverlay.h"
 
 #include "Platform/UIKit/UIViewController.h"
+#include "Player/Overlay/Film/SoundRoutes.h"
 #include "Player/Overlay/FilmView.h"
 #include "Player/Overlay/KeyCommand.h"
-#include "Player/Overlay/MenuPresenter.h"
-#include "Player/Overlay/SoundRoutes.h"
+#include "Player/Overlay/Menus/MenuPresenter.h"
 #include "Player/Overlay/WindowControls.h"
 
 #include <cmath>

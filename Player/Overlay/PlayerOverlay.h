@@ -1,13 +1,13 @@
 #pragma once
 
 #include "Platform/CoreGraphics/CGGeometry.h"
-#include "Player/Overlay/AutoHidePolicy.h"
-#include "Player/Overlay/FilmCommands.h"
-#include "Player/Overlay/FilmMenus.h"
-#include "Player/Overlay/ScrubBubble.h"
-#include "Player/Overlay/StatusViews.h"
-#include "Player/Overlay/TitleControls.h"
-#include "Player/Overlay/TransportControls.h"
+#include "Player/Overlay/Bars/AutoHidePolicy.h"
+#include "Player/Overlay/Bars/ScrubBubble.h"
+#include "Player/Overlay/Bars/TitleControls.h"
+#include "Player/Overlay/Bars/TransportControls.h"
+#include "Player/Overlay/Film/FilmCommands.h"
+#include "Player/Overlay/Menus/FilmMenus.h"
+#include "Player/Overlay/Messages/StatusViews.h"
 
 #include <memory>
 #include <optional>

@@ -1,10 +1,10 @@
 #include "Hosts/Headless/HeadlessHost.h"
 #include "Platform/UIKit/UIKey.h"
+#include "Player/Overlay/Bars/TimeBubbleView.h"
+#include "Player/Overlay/Messages/SpinnerView.h"
 #include "Player/Overlay/PlayerOverlay.h"
-#include "Player/Overlay/SpinnerView.h"
-#include "Player/Overlay/TimeBubbleView.h"
 #include "Tests/CoreGraphics/AllocationCounter.h"
-#include "Tests/Overlay/FakePlayback.h"
+#include "Tests/Overlay/Film/FakePlayback.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

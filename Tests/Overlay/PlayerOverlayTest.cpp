@@ -4,7 +4,7 @@
 #include "KivUICore/Bottom/BottomBar.h"
 #include "KivUICore/TopBar/TopBar.h"
 #include "Platform/UIKit/UIColor.h"
-#include "Tests/Overlay/FakePlayback.h"
+#include "Tests/Overlay/Film/FakePlayback.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,10 +1,10 @@
 #include "Hosts/Headless/HeadlessHost.h"
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UILabel.h"
+#include "Player/Overlay/Bars/TimeBubbleView.h"
+#include "Player/Overlay/Bars/TimeLabel.h"
 #include "Player/Overlay/PlayerOverlay.h"
-#include "Player/Overlay/TimeBubbleView.h"
-#include "Player/Overlay/TimeLabel.h"
-#include "Tests/Overlay/FakePlayback.h"
+#include "Tests/Overlay/Film/FakePlayback.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

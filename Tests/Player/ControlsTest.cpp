@@ -2,7 +2,7 @@
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/UIKit/UIWindow.h"
 #include "Player/Overlay/PlayerOverlay.h"
-#include "Tests/Overlay/FakePlayback.h"
+#include "Tests/Overlay/Film/FakePlayback.h"
 #include "Tests/Player/Films.h"
 #include "Tests/Player/MpvSocket.h"
 #include "Tests/Player/PlayerProgram.h"

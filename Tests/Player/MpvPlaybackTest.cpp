@@ -1,4 +1,4 @@
-#include "Player/Overlay/FilmCommands.h"
+#include "Player/Overlay/Film/FilmCommands.h"
 #include "Tests/Player/Films.h"
 #include "Tests/Player/MpvSocket.h"
 #include "Tests/Player/PlaybackRun.h"

@@ -120,8 +120,12 @@ const std::vector<ModuleRule>& moduleRules() {
         belowFramework.insert("KivCore");
         std::set<std::string> portable = belowFramework;
         portable.insert("KivUICore");
-        std::set<std::string> all = portable;
-        all.insert({"Hosts/Headless", "Hosts/Cairo", "Hosts/SDL", "Player/Overlay"});
+        std::set<std::string> overlayRoom = portable;
+        overlayRoom.insert({"Player/Overlay", "Player/Overlay/Film"});
+        std::set<std::string> overlay = overlayRoom;
+        overlay.insert({"Player/Overlay/Bars", "Player/Overlay/Messages", "Player/Overlay/Menus"});
+        std::set<std::string> program = overlayRoom;
+        program.insert({"Hosts/Headless", "Hosts/Cairo", "Hosts/SDL"});
         return std::vector<ModuleRule>{
             {"Platform/Foundation", {}, StandardLibraryOnly, {}},
             {"Platform/CoreGraphics", {}, StandardLibraryOnly, {}},
@@ -132,8 +136,13 @@ const std::vector<ModuleRule>& moduleRules() {
             {"Hosts/Headless", platform, StandardLibraryOnly, {}},
             {"Hosts/Cairo", platform, Listed, {"cairo", "pango/", "glib", "fontconfig/"}},
             {"Hosts/SDL", belowWindow, Listed, {"SDL", "GL/", "X11/", "cairo"}},
-            {"Player/Overlay", portable, StandardLibraryOnly, {}},
-            {"Player/Desktop", all, Any, {}},
+            // A file belongs to the first folder that it lies in.
+            {"Player/Overlay/Film", portable, StandardLibraryOnly, {}},
+            {"Player/Overlay/Bars", overlayRoom, StandardLibraryOnly, {}},
+            {"Player/Overlay/Messages", overlayRoom, StandardLibraryOnly, {}},
+            {"Player/Overlay/Menus", overlayRoom, StandardLibraryOnly, {}},
+            {"Player/Overlay", overlay, StandardLibraryOnly, {}},
+            {"Player/Desktop", program, Any, {}},
         };
     }();
     return rules;

@@ -117,6 +117,24 @@ TEST(IncludeRules, TheHostThatDrawsKnowsNoWindowSystem) {
     }
 }
 
+TEST(IncludeRules, RoomsOfTheOverlayKnowTheFilmAndNotEachOther) {
+    EXPECT_TRUE(isAllowed("Player/Overlay/PlayerOverlay.cpp", "#include \"Player/Overlay/Bars/A.h\"\n"
+                                                              "#include \"Player/Overlay/Film/A.h\"\n"
+                                                              "#include \"Player/Overlay/Menus/A.h\"\n"
+                                                              "#include \"Player/Overlay/Messages/A.h\"\n"));
+    for (const std::string room : {"Bars", "Menus", "Messages"}) {
+        const std::string file = "Player/Overlay/" + room + "/A.cpp";
+        EXPECT_TRUE(isAllowed(file, "#include \"Player/Overlay/Icons.h\"\n"));
+        EXPECT_TRUE(isAllowed(file, "#include \"Player/Overlay/Film/Playback.h\"\n"));
+        EXPECT_EQ(reasonFor("Player/Overlay/Film/A.cpp", "#include \"Player/Overlay/" + room + "/A.h\""),
+                  "Player/Overlay/Film must not know Player/Overlay/" + room);
+        EXPECT_EQ(reasonFor("Player/Desktop/A.cpp", "#include \"Player/Overlay/" + room + "/A.h\""),
+                  "Player/Desktop must not know Player/Overlay/" + room);
+    }
+    EXPECT_EQ(reasonFor("Player/Overlay/Bars/A.cpp", "#include \"Player/Overlay/Menus/A.h\""),
+              "Player/Overlay/Bars must not know Player/Overlay/Menus");
+}
+
 TEST(IncludeRules, PathsThatDoNotStartAtTheRootAreRefused) {
     EXPECT_EQ(reasonFor("Platform/UIKit/UIView.cpp", "#include \"UIView.h\""),
               "\"UIView.h\" is not written from the repository's root");

@@ -47,11 +47,11 @@ public:
     UIPopoverArrowDirection arrowDirection() const { return arrowDirection_; }
 
 protected:
-    void prepare() override;
+    void prepare(const std::shared_ptr<Presentation>& presentation) override;
     void layOutContent(UIView& container, const std::shared_ptr<UIView>& content) override;
-    std::shared_ptr<UIView> fadedView() const override;
+    std::shared_ptr<UIView> fadedView(const std::shared_ptr<UIView>& container) const override;
+    bool closesFromOutside() const override { return !isFullScreen_; }
     void didDismissFromOutside() override;
-    bool dismissFromOutside() override;
 
 private:
     bool askForFullScreen();

@@ -16,6 +16,7 @@ class NSCoder;
 
 namespace UIKit {
 
+class Presentation;
 class UIPopoverPresentationController;
 class UIPresentationController;
 class UIView;
@@ -71,34 +72,29 @@ public:
     virtual void dismissViewControllerAnimated(bool animated, std::function<void()> completion);
 
     /// Until a dismissal is over.
-    std::shared_ptr<UIViewController> presentedViewController() const { return presentedViewController_; }
-    std::shared_ptr<UIViewController> presentingViewController() const {
-        return presentingViewController_.lock();
-    }
+    std::shared_ptr<UIViewController> presentedViewController() const;
+    std::shared_ptr<UIViewController> presentingViewController() const;
 
 protected:
     void dealloc() override;
 
 private:
-    friend class UIPresentationController;
-
     void loadViewOnce();
     bool mayPresent(const UIViewController& controller, const UIView* owner) const;
     bool isPresentedOver(const UIViewController& controller) const;
-    const std::shared_ptr<UIPresentationController>& presentationController();
-    std::shared_ptr<UIPresentationController> runningPresentation() const;
-    static void endDismissal(const std::shared_ptr<UIViewController>& presented);
+    std::shared_ptr<UIPresentationController> presentationController();
 
     std::shared_ptr<UIView> view_;
     bool isLoadingView_ = false;
     UIModalPresentationStyle modalPresentationStyle_ = UIModalPresentationStyle::FullScreen;
     CoreGraphics::CGSize preferredContentSize_;
 
-    // Of the next presentation, or of one that is shown; and of one that is just fading out.
+    // What the next presentation of this controller is set up with.
     std::shared_ptr<UIPresentationController> presentationController_;
-    std::shared_ptr<UIPresentationController> dismissedController_;
-    std::shared_ptr<UIViewController> presentedViewController_;
-    std::weak_ptr<UIViewController> presentingViewController_;
+
+    // That of another controller over this one, and that of this one; they may be over.
+    std::shared_ptr<Presentation> presentation_;
+    std::weak_ptr<Presentation> ownPresentation_;
 };
 
 } // namespace UIKit

@@ -16,8 +16,10 @@ const std::vector<Circle> defended{
      "a view tells its window of damage and the animator of changes; these and the renderer reach into the "
      "view for what is shown"},
     {"Platform/UIKit",
-     {"PresentationView", "UIPopoverPresentationController", "UIPresentationController", "UIViewController"},
-     "a presentation writes down at both of its controllers that they are in it"},
+     {"UIPopoverPresentationController", "UIPresentationController", "UIViewController"},
+     "a view controller gives out what it is presented with, and that gives out the view controllers, both "
+     "also "
+     "by name, for which each must know the other"},
     {"Hosts/Cairo",
      {"CairoContext", "CairoResources", "PatternTileCache"},
      "the tiles that a context fills with are drawn by a context of their own"},

@@ -352,6 +352,7 @@ TEST_F(ExceptionTest, AModalViewGoesWithItsOwnerAlsoAfterOne) {
 class FragileController : public UIViewController {
 public:
     std::string failing;
+    mutable int sizesGiven = 0;
 
     void loadView() override {
         failAt("load");
@@ -364,6 +365,7 @@ public:
     }
     CGSize preferredContentSize() const override {
         failAt("size");
+        ++sizesGiven;
         return UIViewController::preferredContentSize();
     }
 
@@ -434,6 +436,26 @@ TEST_F(ExceptionTest, APresentationThatThrewIsNoneAndMayBeTriedAgain) {
         EXPECT_EQ(presented->view()->window(), host.window()) << place;
         presenting->dismissViewControllerAnimated(false, nullptr);
     }
+}
+
+TEST_F(ExceptionTest, AfterOneFromTheLayoutOfAPresentationTheOthersAreLaidOut) {
+    const auto presenting = make<UIViewController>();
+    const auto first = make<FragileController>();
+    const auto second = make<FragileController>();
+    host.window()->addSubview(presenting->view());
+    for (const auto& each : {first, second}) {
+        each->setModalPresentationStyle(UIModalPresentationStyle::Popover);
+    }
+    presenting->presentViewController(first, false, nullptr);
+    first->presentViewController(second, false, nullptr);
+    host.advance(1.0);
+    host.window()->setFrame(CGRectMake(0, 0, 600, 700));
+    second->sizesGiven = 0;
+    first->failing = "size";
+    EXPECT_THROW(host.advance(0.0), Mishap);
+    EXPECT_EQ(second->sizesGiven, 0);
+    host.advance(0.0);
+    EXPECT_EQ(second->sizesGiven, 1);
 }
 
 TEST_F(ExceptionTest, AfterOneFromTheCompletionOfADismissalTheOthersAreCalled) {

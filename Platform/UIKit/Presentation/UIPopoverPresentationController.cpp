@@ -2,7 +2,7 @@
 
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/UIKit/Presentation/PopoverView.h"
-#include "Platform/UIKit/Presentation/PresentationView.h"
+#include "Platform/UIKit/Presentation/Presentation.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIViewController.h"
 #include "Platform/UIKit/UIWindow.h"
@@ -74,13 +74,14 @@ void UIPopoverPresentationController::setBackgroundColor(const std::shared_ptr<U
     }
 }
 
-void UIPopoverPresentationController::prepare() {
+void UIPopoverPresentationController::prepare(const std::shared_ptr<Presentation>& presentation) {
     static const SEL prepareSelector("prepareForPopoverPresentation:");
+    UIPresentationController::prepare(presentation);
     popover_ = nullptr;
     arrowDirection_ = UIPopoverArrowDirectionUnknown;
     isFullScreen_ = askForFullScreen();
     const std::shared_ptr<UIPopoverPresentationControllerDelegate> told = delegate();
-    if (!isFullScreen_ && isInUse() && told && told->respondsToSelector(prepareSelector)) {
+    if (!isFullScreen_ && presentation->isInUse() && told && told->respondsToSelector(prepareSelector)) {
         told->send(prepareSelector, self(this));
     }
 }
@@ -114,15 +115,15 @@ void UIPopoverPresentationController::layOutContent(UIView& container,
     container.addSubview(popover);
 }
 
-std::shared_ptr<UIView> UIPopoverPresentationController::fadedView() const {
-    return popover_ ? popover_ : UIPresentationController::fadedView();
+std::shared_ptr<UIView>
+UIPopoverPresentationController::fadedView(const std::shared_ptr<UIView>& container) const {
+    return popover_ ? popover_ : UIPresentationController::fadedView(container);
 }
 
 std::optional<CGRect> UIPopoverPresentationController::anchorIn(const UIView& container) const {
     const std::shared_ptr<UIView> source = sourceView();
-    const std::shared_ptr<UIViewController> presenting = presentingViewController();
-    const std::shared_ptr<UIView> owner = presenting ? presenting->view() : nullptr;
-    const std::shared_ptr<UIWindow> window = owner ? owner->window() : nullptr;
+    const std::shared_ptr<UIView> over = owner();
+    const std::shared_ptr<UIWindow> window = over ? over->window() : nullptr;
     if (!source || !window || source->window() != window) {
         return std::nullopt;
     }
@@ -135,14 +136,6 @@ CGSize UIPopoverPresentationController::contentSize() const {
     const std::shared_ptr<UIViewController> presented = presentedViewController();
     const CGSize size = presented ? presented->preferredContentSize() : CGSize{};
     return size.width > 0.0 && size.height > 0.0 ? size : defaultSize;
-}
-
-bool UIPopoverPresentationController::dismissFromOutside() {
-    if (!isShown() || isFullScreen_) {
-        return false;
-    }
-    dismiss(Cause::Outside, true, nullptr);
-    return true;
 }
 
 void UIPopoverPresentationController::didDismissFromOutside() {

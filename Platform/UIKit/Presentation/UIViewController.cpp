@@ -5,6 +5,7 @@
 #include "Platform/Foundation/NSBundle.h"
 #include "Platform/Foundation/NSCoder.h"
 #include "Platform/Foundation/ScopeExit.h"
+#include "Platform/UIKit/Presentation/Presentation.h"
 #include "Platform/UIKit/UIPopoverPresentationController.h"
 #include "Platform/UIKit/UIWindow.h"
 
@@ -22,6 +23,12 @@ bool warn(const UIViewController& presented, const UIViewController& presenting,
                              presenting.isa().name() + "' " + why + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
     return false;
+}
+
+void endDismissal(const std::shared_ptr<Presentation>& presentation) {
+    if (presentation && presentation->isDismissing()) {
+        presentation->end();
+    }
 }
 
 } // namespace
@@ -62,8 +69,8 @@ bool UIViewController::init(const std::shared_ptr<Foundation::NSCoder>& /*coder*
 }
 
 void UIViewController::dealloc() {
-    if (const std::shared_ptr<UIViewController> presented = std::exchange(presentedViewController_, {})) {
-        presented->runningPresentation()->end();
+    if (const std::shared_ptr<Presentation> presentation = std::exchange(presentation_, nullptr)) {
+        presentation->end();
     }
     NSObject::dealloc();
 }
@@ -105,8 +112,8 @@ CGSize UIViewController::preferredContentSize() const { return preferredContentS
 
 void UIViewController::setPreferredContentSize(const CGSize& size) {
     preferredContentSize_ = size;
-    if (const std::shared_ptr<UIPresentationController> shown = presentationController_) {
-        shown->layOut();
+    if (const std::shared_ptr<Presentation> own = ownPresentation_.lock()) {
+        own->layOut();
     }
 }
 
@@ -117,13 +124,17 @@ std::shared_ptr<UIPopoverPresentationController> UIViewController::popoverPresen
 }
 
 // One in use stays, whatever style is set meanwhile.
-const std::shared_ptr<UIPresentationController>& UIViewController::presentationController() {
+std::shared_ptr<UIPresentationController> UIViewController::presentationController() {
+    const std::shared_ptr<Presentation> own = ownPresentation_.lock();
+    if (own && own->isInUse()) {
+        return std::static_pointer_cast<UIPresentationController>(own->style());
+    }
     const bool isPopover = modalPresentationStyle() == UIModalPresentationStyle::Popover;
     const bool isOfStyle =
         presentationController_ &&
         isPopover ==
             static_cast<bool>(Foundation::as<UIPopoverPresentationController>(presentationController_));
-    if (!isOfStyle && !(presentationController_ && presentationController_->isInUse())) {
+    if (!isOfStyle) {
         presentationController_ = isPopover ? Foundation::make<UIPopoverPresentationController>(self(this))
                                             : Foundation::make<UIPresentationController>(self(this));
     }
@@ -135,17 +146,19 @@ void UIViewController::presentViewController(const std::shared_ptr<UIViewControl
     require(controller, "view controller", "presentViewController:animated:completion:");
     const std::shared_ptr<UIViewController> alive = self(this);
     const std::shared_ptr<UIViewController> presented = controller;
-    endDismissal(presentedViewController_);
-    endDismissal(presented);
+    endDismissal(presentation_);
+    endDismissal(presented->ownPresentation_.lock());
     // All that a subclass may answer comes before what is asked of the two.
     const std::shared_ptr<UIView> owner = view();
-    const std::shared_ptr<UIPresentationController> presentation = presented->presentationController();
+    const std::shared_ptr<UIPresentationController> style = presented->presentationController();
     if (!mayPresent(*presented, owner.get())) {
         return;
     }
-    presentedViewController_ = presented;
-    presented->presentingViewController_ = alive;
-    presentation->present(alive, animated, std::move(completion));
+    const auto presentation = std::make_shared<Presentation>(style, presented, alive);
+    presentation_ = presentation;
+    presented->ownPresentation_ = presentation;
+    presented->presentationController_ = nullptr;
+    presentation->begin(animated, std::move(completion));
 }
 
 bool UIViewController::mayPresent(const UIViewController& controller, const UIView* owner) const {
@@ -154,7 +167,7 @@ bool UIViewController::mayPresent(const UIViewController& controller, const UIVi
                                "' would present a view controller of class '" + controller.isa().name() +
                                "' over itself");
     }
-    if (presentedViewController_) {
+    if (presentedViewController()) {
         return warn(controller, *this, "which is presenting already");
     }
     if (controller.presentingViewController()) {
@@ -175,29 +188,23 @@ bool UIViewController::isPresentedOver(const UIViewController& controller) const
     return presenting && presenting->isPresentedOver(controller);
 }
 
-std::shared_ptr<UIPresentationController> UIViewController::runningPresentation() const {
-    return dismissedController_ ? dismissedController_ : presentationController_;
+std::shared_ptr<UIViewController> UIViewController::presentedViewController() const {
+    return presentation_ ? presentation_->presented() : nullptr;
 }
 
-void UIViewController::endDismissal(const std::shared_ptr<UIViewController>& presented) {
-    const std::shared_ptr<UIPresentationController> dismissed =
-        presented ? presented->dismissedController_ : nullptr;
-    if (dismissed) {
-        dismissed->end();
-    }
+std::shared_ptr<UIViewController> UIViewController::presentingViewController() const {
+    const std::shared_ptr<Presentation> own = ownPresentation_.lock();
+    return own && !own->isOver() ? own->presenting() : nullptr;
 }
 
 void UIViewController::dismissViewControllerAnimated(bool animated, std::function<void()> completion) {
     const std::shared_ptr<UIViewController> alive = self(this);
-    const std::shared_ptr<UIViewController> presented = presentedViewController_ ? presentedViewController_
-                                                        : presentingViewController() ? alive
-                                                                                     : nullptr;
-    const std::shared_ptr<UIPresentationController> presentation =
-        presented ? presented->runningPresentation() : nullptr;
-    if (presentation) {
-        presentation->dismiss(animated, std::move(completion));
+    const std::shared_ptr<Presentation> presentation =
+        presentedViewController() ? presentation_ : ownPresentation_.lock();
+    if (presentation && !presentation->isOver()) {
+        presentation->dismiss(Presentation::Cause::Program, animated, std::move(completion));
     } else if (completion) {
-        UIPresentationController::callSoon(std::move(completion));
+        Presentation::callSoon(std::move(completion));
     }
 }
 

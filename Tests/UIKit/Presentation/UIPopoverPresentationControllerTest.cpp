@@ -149,6 +149,31 @@ TEST_F(PopoverTest, FollowsItsAnchorWhenTheWindowChangesSize) {
     EXPECT_EQ(place().size, (CGSize{120, 100}));
 }
 
+TEST_F(PopoverTest, ManyNewSizesOfTheWindowAreFollowedByOneLaterLayout) {
+    class Counted : public UIViewController {
+    public:
+        CGSize preferredContentSize() const override {
+            ++layouts;
+            return {120, 100};
+        }
+        mutable int layouts = 0;
+    };
+    const auto counted = make<Counted>();
+    counted->setModalPresentationStyle(UIModalPresentationStyle::Popover);
+    presented = counted;
+    show();
+    host.advance(1.0);
+    counted->layouts = 0;
+    for (const CGFloat width : {400.0, 410.0, 420.0}) {
+        host.window()->setFrame(CGRectMake(0, 0, width, 300));
+    }
+    EXPECT_EQ(counted->layouts, 3);
+    host.advance(0.0);
+    EXPECT_EQ(counted->layouts, 4);
+    host.advance(1.0);
+    EXPECT_EQ(counted->layouts, 4);
+}
+
 TEST_F(PopoverTest, ANewPreferredSizeIsTakenAtOnce) {
     show();
     presented->setPreferredContentSize({60, 50});

@@ -9,11 +9,11 @@
 
 namespace Project {
 
-/// Sources of a module that know each other in a circle. `reason` says why that stays, of one that is
-/// defended.
+/// Sources that know each other in a circle. `reason` says why that stays, of one that is defended.
 struct Circle {
-    std::string folder;          ///< Of the module.
-    std::set<std::string> units; ///< A header and the source of the same name are one: "UIView".
+    /// By module and name, "Platform/UIKit/UIView": a header and the source of the same name are one,
+    /// whatever rooms they lie in.
+    std::set<std::string> units;
     std::string reason;
 };
 

@@ -7,21 +7,19 @@ using namespace Project;
 namespace {
 
 const std::vector<Circle> defended{
-    {"Platform/Foundation",
-     {"Class", "ClassBuilder", "Encoding", "Message", "NSObject", "Protocol"},
+    {{"Platform/Foundation/Class", "Platform/Foundation/ClassBuilder", "Platform/Foundation/Encoding",
+      "Platform/Foundation/Message", "Platform/Foundation/NSObject", "Platform/Foundation/Protocol"},
      "objects, their classes and messages are one idea: an object has a class, a class makes objects, and "
      "both are sent messages that carry objects"},
-    {"Platform/UIKit",
-     {"Animator", "UITouch", "UIView", "UIWindow", "ViewRenderer"},
+    {{"Platform/UIKit/Animator", "Platform/UIKit/UITouch", "Platform/UIKit/UIView", "Platform/UIKit/UIWindow",
+      "Platform/UIKit/ViewRenderer"},
      "a view tells its window of damage and the animator of changes; these and the renderer reach into the "
      "view for what is shown"},
-    {"Platform/UIKit",
-     {"UIPopoverPresentationController", "UIPresentationController", "UIViewController"},
+    {{"Platform/UIKit/UIPopoverPresentationController", "Platform/UIKit/UIPresentationController",
+      "Platform/UIKit/UIViewController"},
      "a view controller gives out what it is presented with, and that gives out the view controllers, both "
-     "also "
-     "by name, for which each must know the other"},
-    {"Hosts/Cairo",
-     {"CairoContext", "CairoResources", "PatternTileCache"},
+     "also by name, for which each must know the other"},
+    {{"Hosts/Cairo/CairoContext", "Hosts/Cairo/CairoResources", "Hosts/Cairo/PatternTileCache"},
      "the tiles that a context fills with are drawn by a context of their own"},
 };
 
@@ -50,8 +48,7 @@ TEST_F(CircleTree, AHeaderAndItsSourceAreOneWhereverTheyLie) {
     write("Lower/Room/A.cpp", "#include \"Lower/Room/B.h\"\n");
     write("Lower/Room/B.h", "#include \"Lower/A.h\"\n");
     ASSERT_EQ(circles().size(), 1u);
-    EXPECT_EQ(circles().front().folder, "Lower");
-    EXPECT_EQ(circles().front().units, (Names{"A", "B"}));
+    EXPECT_EQ(circles().front().units, (Names{"Lower/A", "Lower/B"}));
 }
 
 TEST_F(CircleTree, ACircleIsFoundOverSeveralStepsAndOnce) {
@@ -60,7 +57,14 @@ TEST_F(CircleTree, ACircleIsFoundOverSeveralStepsAndOnce) {
     write("Lower/C.cpp", "#include \"Lower/A.h\"\n");
     write("Lower/Outside.h", "#include \"Lower/A.h\"\n");
     ASSERT_EQ(circles().size(), 1u);
-    EXPECT_EQ(circles().front().units, (Names{"A", "B", "C"}));
+    EXPECT_EQ(circles().front().units, (Names{"Lower/A", "Lower/B", "Lower/C"}));
+}
+
+TEST_F(CircleTree, ACircleAcrossModulesIsFoundOnceToo) {
+    write("Lower/A.h", "#include \"Upper/A.h\"\n");
+    write("Upper/A.h", "#include \"Lower/A.h\"\n");
+    ASSERT_EQ(circles().size(), 1u);
+    EXPECT_EQ(circles().front().units, (Names{"Lower/A", "Upper/A"}));
 }
 
 TEST_F(CircleTree, CirclesApartAreFoundApart) {
@@ -69,18 +73,17 @@ TEST_F(CircleTree, CirclesApartAreFoundApart) {
     write("Lower/C.h", "#include \"Lower/D.h\"\n");
     write("Lower/D.h", "#include \"Lower/C.h\"\n");
     ASSERT_EQ(circles().size(), 2u);
-    EXPECT_EQ(circles().front().units, (Names{"A", "B"}));
-    EXPECT_EQ(circles().back().units, (Names{"C", "D"}));
+    EXPECT_EQ(circles().front().units, (Names{"Lower/A", "Lower/B"}));
+    EXPECT_EQ(circles().back().units, (Names{"Lower/C", "Lower/D"}));
 }
 
 TEST(IncludeCircles, ADefenceHoldsForExactlyOneCircleAndWithAReason) {
-    const Circle found{"Lower", {"A", "B"}, ""};
-    EXPECT_TRUE(objections({found}, {{"Lower", {"A", "B"}, "why"}}).empty());
+    const Circle found{{"A", "B"}, ""};
+    EXPECT_TRUE(objections({found}, {{{"A", "B"}, "why"}}).empty());
     EXPECT_EQ(objections({found}, {}).size(), 1u);
-    EXPECT_EQ(objections({found}, {{"Lower", {"A", "B"}, ""}}).size(), 1u);
-    EXPECT_EQ(objections({}, {{"Lower", {"A", "B"}, "why"}}).size(), 1u);
-    EXPECT_EQ(objections({found}, {{"Lower", {"A", "B", "C"}, "why"}}).size(), 2u);
-    EXPECT_EQ(objections({found}, {{"Upper", {"A", "B"}, "why"}}).size(), 2u);
+    EXPECT_EQ(objections({found}, {{{"A", "B"}, ""}}).size(), 1u);
+    EXPECT_EQ(objections({}, {{{"A", "B"}, "why"}}).size(), 1u);
+    EXPECT_EQ(objections({found}, {{{"A", "B", "C"}, "why"}}).size(), 2u);
 }
 
 TEST(IncludeCircles, ThisProjectHasNoneButThoseDefended) {

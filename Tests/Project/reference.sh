@@ -23,7 +23,7 @@ fail() {
 }
 
 public_headers() {
-    find "$source/Platform" "$source/KivCore" "$source/KivUICore" -name '*.h'
+    find "$source/Platform" "$source/KivCore" "$source/KivUICore" -name '*.h' ! -path '*/Platform/UIKit/*/*'
 }
 
 # Prints module and class as the reference names them.
@@ -42,6 +42,10 @@ public_classes >"$work/classes"
 while read -r class; do
     grep -qF "<name>$class</name>" "$work/reference/tags" || fail "$class has no page"
 done <"$work/classes"
+
+if grep -qF '<name>UIKit::ViewRenderer</name>' "$work/reference/tags"; then
+    fail "what lies behind the public face has a page"
+fi
 
 grep -qF '<name>currentTitleColor</name>' "$work/reference/tags" || fail "a plain getter has no place"
 

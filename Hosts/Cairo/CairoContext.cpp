@@ -199,8 +199,12 @@ void CairoContext::fillPattern(const std::shared_ptr<const CGDrawing>& cell, con
     cairo_matrix_t matrix;
     cairo_get_matrix(context_.get(), &matrix);
     const CGSize size = CGRectStandardize({{}, cell->size()}).size;
+    const auto drawCell = [this, &cell](cairo_t* context, const CGRect& place) {
+        CairoContext copy(context, resources_);
+        cell->draw(copy, place);
+    };
     const PatternTile* tile = resources_.patterns.tile(cell, std::hypot(matrix.xx, matrix.yx),
-                                                       std::hypot(matrix.xy, matrix.yy), resources_);
+                                                       std::hypot(matrix.xy, matrix.yy), drawCell);
     if (!tile) {
         return;
     }

@@ -1,7 +1,5 @@
 #include "Hosts/Cairo/PatternTileCache.h"
 
-#include "Hosts/Cairo/CairoContext.h"
-
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -40,31 +38,28 @@ TileSide tileSide(double cellPixels) {
 }
 
 // Copies that share a pixel each cover a part of it: the parts add up to the whole.
-void addCopy(cairo_t* context, const CGDrawing& cell, const CGPoint& origin, CairoResources& resources) {
+void addCopy(cairo_t* context, const CGRect& rect, const PatternTileCache::Draw& draw) {
     cairo_push_group(context);
-    {
-        CairoContext copy(context, resources);
-        cell.draw(copy, {origin, cell.size()});
-    }
+    draw(context, rect);
     cairo_pop_group_to_source(context);
     cairo_set_operator(context, CAIRO_OPERATOR_ADD);
     cairo_paint(context);
     cairo_set_operator(context, CAIRO_OPERATOR_OVER);
 }
 
-std::optional<PatternTile> makeTile(const CGDrawing& cell, double scaleX, double scaleY,
-                                    CairoResources& resources) {
-    const TileSide width = tileSide(cell.size().width * scaleX);
-    const TileSide height = tileSide(cell.size().height * scaleY);
+std::optional<PatternTile> makeTile(const CGSize& cell, double scaleX, double scaleY,
+                                    const PatternTileCache::Draw& draw) {
+    const TileSide width = tileSide(cell.width * scaleX);
+    const TileSide height = tileSide(cell.height * scaleY);
     PatternTile tile{
         CairoSurface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width.pixels, height.pixels)),
         width.copies, height.copies};
     const CairoHandle context(cairo_create(tile.surface.get()));
-    cairo_scale(context.get(), width.pixels / (cell.size().width * width.copies),
-                height.pixels / (cell.size().height * height.copies));
+    cairo_scale(context.get(), width.pixels / (cell.width * width.copies),
+                height.pixels / (cell.height * height.copies));
     for (int row = 0; row < height.copies; ++row) {
         for (int column = 0; column < width.copies; ++column) {
-            addCopy(context.get(), cell, {column * cell.size().width, row * cell.size().height}, resources);
+            addCopy(context.get(), {{column * cell.width, row * cell.height}, cell}, draw);
         }
     }
     if (cairo_status(context.get()) != CAIRO_STATUS_SUCCESS) {
@@ -83,12 +78,12 @@ std::size_t PatternTileCache::Hash::operator()(const Key& key) const {
 PatternTileCache::PatternTileCache() : tiles_(tilesKept) {}
 
 const PatternTile* PatternTileCache::tile(const std::shared_ptr<const CGDrawing>& cell, double scaleX,
-                                          double scaleY, CairoResources& resources) {
+                                          double scaleY, const Draw& draw) {
     Key key{cell, scaleX, scaleY};
     if (const PatternTile* known = tiles_.find(key)) {
         return known;
     }
-    std::optional<PatternTile> made = makeTile(*cell, scaleX, scaleY, resources);
+    std::optional<PatternTile> made = makeTile(cell->size(), scaleX, scaleY, draw);
     return made ? &tiles_.insert(std::move(key), std::move(*made)) : nullptr;
 }
 

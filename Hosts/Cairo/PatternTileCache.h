@@ -10,8 +10,6 @@
 
 namespace KivUICore::Cairo {
 
-struct CairoResources;
-
 /// One or more whole copies of a pattern's cell as pixels, to be repeated without a seam.
 struct PatternTile {
     CairoSurface surface;
@@ -23,12 +21,15 @@ struct PatternTile {
 /// again.
 class PatternTileCache {
 public:
+    /// Draws a cell into a rectangle.
+    using Draw = std::function<void(cairo_t* context, const CoreGraphics::CGRect& rect)>;
+
     PatternTileCache();
 
-    /// `scaleX` and `scaleY` are pixels a point, above zero; so is the size of `cell`. Null when there is no
-    /// memory for it. Valid until the next call.
+    /// `scaleX` and `scaleY` are pixels a point, above zero; so is the size of `cell`. A tile that isn't kept
+    /// is drawn by `draw`. Null when there is no memory for it. Valid until the next call.
     const PatternTile* tile(const std::shared_ptr<const CoreGraphics::CGDrawing>& cell, double scaleX,
-                            double scaleY, CairoResources& resources);
+                            double scaleY, const Draw& draw);
 
 private:
     struct Key {

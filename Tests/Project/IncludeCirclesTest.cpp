@@ -19,8 +19,6 @@ const std::vector<Circle> defended{
       "Platform/UIKit/UIViewController"},
      "a view controller gives out what it is presented with, and that gives out the view controllers, both "
      "also by name, for which each must know the other"},
-    {{"Hosts/Cairo/CairoContext", "Hosts/Cairo/CairoResources", "Hosts/Cairo/PatternTileCache"},
-     "the tiles that a context fills with are drawn by a context of their own"},
 };
 
 class CircleTree : public ScratchFolder {

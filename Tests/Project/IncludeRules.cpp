@@ -121,11 +121,12 @@ const std::vector<ModuleRule>& moduleRules() {
         std::set<std::string> portable = belowFramework;
         portable.insert("KivUICore");
         std::set<std::string> overlayRoom = portable;
-        overlayRoom.insert({"Player/Overlay", "Player/Overlay/Film"});
+        overlayRoom.insert({"Player/Overlay/Film", "Player/Overlay/Looks"});
         std::set<std::string> overlay = overlayRoom;
         overlay.insert({"Player/Overlay/Bars", "Player/Overlay/Messages", "Player/Overlay/Menus"});
-        std::set<std::string> program = overlayRoom;
-        program.insert({"Hosts/Headless", "Hosts/Cairo", "Hosts/SDL"});
+        std::set<std::string> program = portable;
+        program.insert(
+            {"Hosts/Headless", "Hosts/Cairo", "Hosts/SDL", "Player/Overlay", "Player/Overlay/Film"});
         return std::vector<ModuleRule>{
             {"Platform/Foundation", {}, StandardLibraryOnly, {}},
             {"Platform/CoreGraphics", {}, StandardLibraryOnly, {}},
@@ -138,6 +139,7 @@ const std::vector<ModuleRule>& moduleRules() {
             {"Hosts/SDL", belowWindow, Listed, {"SDL", "GL/", "X11/", "cairo"}},
             // A file belongs to the first folder that it lies in.
             {"Player/Overlay/Film", portable, StandardLibraryOnly, {}},
+            {"Player/Overlay/Looks", portable, StandardLibraryOnly, {}},
             {"Player/Overlay/Bars", overlayRoom, StandardLibraryOnly, {}},
             {"Player/Overlay/Messages", overlayRoom, StandardLibraryOnly, {}},
             {"Player/Overlay/Menus", overlayRoom, StandardLibraryOnly, {}},

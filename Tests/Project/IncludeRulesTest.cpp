@@ -117,14 +117,16 @@ TEST(IncludeRules, TheHostThatDrawsKnowsNoWindowSystem) {
     }
 }
 
-TEST(IncludeRules, RoomsOfTheOverlayKnowTheFilmAndNotEachOther) {
+TEST(IncludeRules, RoomsOfTheOverlayKnowTheFilmAndTheLooksAndNotEachOther) {
     EXPECT_TRUE(isAllowed("Player/Overlay/PlayerOverlay.cpp", "#include \"Player/Overlay/Bars/A.h\"\n"
                                                               "#include \"Player/Overlay/Film/A.h\"\n"
                                                               "#include \"Player/Overlay/Menus/A.h\"\n"
                                                               "#include \"Player/Overlay/Messages/A.h\"\n"));
     for (const std::string room : {"Bars", "Menus", "Messages"}) {
         const std::string file = "Player/Overlay/" + room + "/A.cpp";
-        EXPECT_TRUE(isAllowed(file, "#include \"Player/Overlay/Icons.h\"\n"));
+        EXPECT_TRUE(isAllowed(file, "#include \"Player/Overlay/Looks/Icons.h\"\n"));
+        EXPECT_EQ(reasonFor(file, "#include \"Player/Overlay/PlayerOverlay.h\""),
+                  "Player/Overlay/" + room + " must not know Player/Overlay");
         EXPECT_TRUE(isAllowed(file, "#include \"Player/Overlay/Film/Playback.h\"\n"));
         EXPECT_EQ(reasonFor("Player/Overlay/Film/A.cpp", "#include \"Player/Overlay/" + room + "/A.h\""),
                   "Player/Overlay/Film must not know Player/Overlay/" + room);

@@ -3,7 +3,7 @@
 #include "Platform/CoreGraphics/CGPath.h"
 #include "Platform/UIKit/UIFont.h"
 #include "Platform/UIKit/UILabel.h"
-#include "Player/Overlay/PlateView.h"
+#include "Player/Overlay/Looks/PlateView.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,7 +4,7 @@
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UIFont.h"
 #include "Platform/UIKit/UILabel.h"
-#include "Player/Overlay/Icons.h"
+#include "Player/Overlay/Looks/Icons.h"
 
 namespace Overlay {
 

@@ -11,7 +11,7 @@
 #include "Player/Overlay/Bars/TrackSlider.h"
 #include "Player/Overlay/Film/FilmPlayer.h"
 #include "Player/Overlay/Film/PlaybackState.h"
-#include "Player/Overlay/Icons.h"
+#include "Player/Overlay/Looks/Icons.h"
 
 #include <algorithm>
 #include <cmath>

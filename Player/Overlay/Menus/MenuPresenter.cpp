@@ -10,7 +10,7 @@
 #include "Platform/UIKit/UILabel.h"
 #include "Platform/UIKit/UITableView.h"
 #include "Platform/UIKit/UIViewController.h"
-#include "Player/Overlay/Icons.h"
+#include "Player/Overlay/Looks/Icons.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -3,8 +3,8 @@
 #include "KivUICore/UIComponent/Button.h"
 #include "Platform/UIKit/UIFont.h"
 #include "Platform/UIKit/UILabel.h"
+#include "Player/Overlay/Looks/PlateView.h"
 #include "Player/Overlay/Messages/PushButton.h"
-#include "Player/Overlay/PlateView.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 
 #include "Platform/Foundation/NSTimer.h"
 #include "Platform/UIKit/UILabel.h"
-#include "Player/Overlay/PlateView.h"
+#include "Player/Overlay/Looks/PlateView.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 
 #include "Platform/Foundation/NSTimer.h"
 #include "Player/Overlay/Film/PlaybackState.h"
-#include "Player/Overlay/Icons.h"
+#include "Player/Overlay/Looks/Icons.h"
 #include "Player/Overlay/Messages/MessageView.h"
 #include "Player/Overlay/Messages/NoticeView.h"
 #include "Player/Overlay/Messages/SpinnerView.h"

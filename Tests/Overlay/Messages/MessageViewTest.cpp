@@ -3,8 +3,8 @@
 #include "Hosts/Headless/HeadlessHost.h"
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UILabel.h"
-#include "Player/Overlay/Icons.h"
-#include "Player/Overlay/PlateView.h"
+#include "Player/Overlay/Looks/Icons.h"
+#include "Player/Overlay/Looks/PlateView.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "Hosts/Headless/HeadlessHost.h"
 #include "Platform/UIKit/UILabel.h"
-#include "Player/Overlay/PlateView.h"
+#include "Player/Overlay/Looks/PlateView.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,8 +1,8 @@
-#include "Player/Overlay/Icons.h"
+#include "Player/Overlay/Looks/Icons.h"
 
 #include "Platform/CoreGraphics/CGPath.h"
 #include "Platform/UIKit/UIImage.h"
-#include "Tests/Overlay/DrawingText.h"
+#include "Tests/Overlay/Looks/DrawingText.h"
 
 #include <cmath>
 #include <fstream>

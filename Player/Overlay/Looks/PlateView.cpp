@@ -1,4 +1,4 @@
-#include "Player/Overlay/PlateView.h"
+#include "Player/Overlay/Looks/PlateView.h"
 
 #include "Platform/UIKit/UIFont.h"
 #include "Platform/UIKit/UILabel.h"

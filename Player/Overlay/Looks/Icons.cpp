@@ -1,4 +1,4 @@
-#include "Player/Overlay/Icons.h"
+#include "Player/Overlay/Looks/Icons.h"
 
 #include "Platform/CoreGraphics/CGPath.h"
 #include "Platform/CoreGraphics/CGRecordingContext.h"

@@ -1,4 +1,4 @@
-#include "Tests/Overlay/DrawingText.h"
+#include "Tests/Overlay/Looks/DrawingText.h"
 
 #include <array>
 #include <cmath>

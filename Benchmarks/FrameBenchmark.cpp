@@ -46,7 +46,7 @@ public:
     }
 
 private:
-    Headless::HeadlessHost host_{{1280.0, 720.0}};
+    KivUICore::Headless::HeadlessHost host_{{1280.0, 720.0}};
     Overlay overlay_{host_.window(), make<KivCore::KivPlayer>()};
     NullContext context_;
 };

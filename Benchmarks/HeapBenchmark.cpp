@@ -25,7 +25,7 @@ void measureOverlay(benchmark::State& state, Make makeOverlay) {
 }
 
 void viewTree(benchmark::State& state) {
-    const Headless::HeadlessHost host({1280.0, 720.0});
+    const KivUICore::Headless::HeadlessHost host({1280.0, 720.0});
     const auto player = make<KivCore::KivPlayer>();
     struct Tree {
         std::shared_ptr<UIKit::UIWindow> window;

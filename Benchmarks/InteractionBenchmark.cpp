@@ -35,7 +35,7 @@ private:
 };
 
 void dragSlider(benchmark::State& state) {
-    Headless::HeadlessHost host(screen);
+    KivUICore::Headless::HeadlessHost host(screen);
     const auto slider = make<UIKit::UISlider>();
     slider->setMaximumValue(100.0F);
     slider->setValue(50.0F);
@@ -76,7 +76,7 @@ void dragQtSlider(benchmark::State& state) {
 BENCHMARK(dragQtSlider)->Name("pointer moved on a held slider/Qt QSlider");
 
 void relayoutBar(benchmark::State& state) {
-    Headless::HeadlessHost host(screen);
+    KivUICore::Headless::HeadlessHost host(screen);
     const auto bar = make<KivUICore::BottomBar>(host.window());
     for (std::int64_t slot = 0; slot < state.range(); ++slot) {
         bar->view()->addSubview(make<UIKit::UIView>());
@@ -118,7 +118,7 @@ BENCHMARK(relayoutQtBox)
 float nextTime(float time) { return time < 7200.0F ? time + 1.0F : 0.0F; }
 
 void updateLabel(benchmark::State& state) {
-    const Headless::HeadlessHost host(screen);
+    const KivUICore::Headless::HeadlessHost host(screen);
     const auto view = make<UIKit::UILabel>(CGRectMake(0.0, 0.0, 100.0, 40.0));
     host.window()->addSubview(view);
     const auto label = make<KivUICore::Label>(view, nullptr);
@@ -171,7 +171,7 @@ void writeTime(benchmark::State& state) {
 BENCHMARK(writeTime)->Name("time text shown/to_chars, not shown");
 
 void writeAndShowTime(benchmark::State& state) {
-    const Headless::HeadlessHost host(screen);
+    const KivUICore::Headless::HeadlessHost host(screen);
     const auto view = make<UIKit::UILabel>(CGRectMake(0.0, 0.0, 100.0, 40.0));
     host.window()->addSubview(view);
     float time = 0.0F;

@@ -53,7 +53,7 @@ private:
 /// A menu on the screen, gone when this goes.
 class ShownMenu {
 public:
-    ShownMenu(Headless::HeadlessHost& host, UIKit::UIViewController& controller,
+    ShownMenu(KivUICore::Headless::HeadlessHost& host, UIKit::UIViewController& controller,
               const std::optional<PopOverMenu::Buttons>& entries)
         : host_(host), controller_(controller),
           menu_(make<BorrowingMenu>(CGRectMake(0.0, 0.0, 240.0, 308.0), entries)) {
@@ -72,14 +72,14 @@ public:
     }
 
 private:
-    Headless::HeadlessHost& host_;
+    KivUICore::Headless::HeadlessHost& host_;
     UIKit::UIViewController& controller_;
     std::shared_ptr<BorrowingMenu> menu_;
 };
 
 template <int rows>
 void popOverMenu(benchmark::State& state) {
-    Headless::HeadlessHost host({1280.0, 720.0});
+    KivUICore::Headless::HeadlessHost host({1280.0, 720.0});
     const auto controller = make<UIKit::UIViewController>();
     controller->view()->setFrame(host.window()->bounds());
     host.window()->addSubview(controller->view());

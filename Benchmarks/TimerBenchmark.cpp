@@ -49,7 +49,7 @@ public:
     }
 
 private:
-    Headless::VirtualClock clock_;
+    KivUICore::Headless::VirtualClock clock_;
     Foundation::NSRunLoop loop_{clock_};
     std::shared_ptr<NSObject> target_;
     Foundation::SEL action_{"hide"};

@@ -4,7 +4,7 @@
 #include <iostream>
 
 int main() {
-    Headless::HeadlessHost host({640, 360});
+    KivUICore::Headless::HeadlessHost host({640, 360});
     auto bar = Foundation::make<KivUICore::BottomBar>(host.window());
     auto view = Foundation::make<UIKit::UIButton>();
     auto button = Foundation::make<KivUICore::Button>(view, [] { std::cout << "Play!\n"; });

@@ -40,7 +40,7 @@ std::shared_ptr<UIKit::UIImage> dot() {
 } // namespace
 
 int main() {
-    Headless::HeadlessHost host({640, 360});
+    KivUICore::Headless::HeadlessHost host({640, 360});
     auto controller = make<UIKit::UIViewController>();
     controller->setView(make<UIKit::UIView>(host.window()->bounds()));
     host.window()->addSubview(controller->view());

@@ -7,7 +7,7 @@ using Foundation::make;
 
 int main() {
     // A host brings the window. This one has no screen: its clock and its touches are scripted.
-    Headless::HeadlessHost host({640, 360});
+    KivUICore::Headless::HeadlessHost host({640, 360});
 
     auto top = make<KivUICore::TopBar>(host.window());
     auto bottom = make<KivUICore::BottomBar>(host.window());

@@ -126,7 +126,7 @@ private:
 } // namespace
 
 int main() {
-    Headless::HeadlessHost host({640, 360});
+    KivUICore::Headless::HeadlessHost host({640, 360});
     auto player = make<FilmPlayer>();
     auto controls = make<Controls>(host.window(), player);
 

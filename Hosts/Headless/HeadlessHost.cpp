@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-namespace Headless {
+namespace KivUICore::Headless {
 
 using namespace CoreGraphics;
 using UIKit::UITouchIdentifier;
@@ -77,4 +77,4 @@ std::shared_ptr<const CGDrawing> HeadlessHost::draw() {
     return context.drawing();
 }
 
-} // namespace Headless
+} // namespace KivUICore::Headless

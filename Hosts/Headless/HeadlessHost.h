@@ -7,7 +7,7 @@
 
 #include <memory>
 
-namespace Headless {
+namespace KivUICore::Headless {
 
 /// A host without a screen: time passes when it is told to, touches come from a script, and what is drawn is
 /// kept as operations. It makes the run loop that is current while it lives, and a window.
@@ -45,4 +45,4 @@ private:
     std::shared_ptr<UIKit::UIWindow> window_;
 };
 
-} // namespace Headless
+} // namespace KivUICore::Headless

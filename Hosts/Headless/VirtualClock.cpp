@@ -1,6 +1,6 @@
 #include "Hosts/Headless/VirtualClock.h"
 
-namespace Headless {
+namespace KivUICore::Headless {
 
 void VirtualClock::advance(double seconds) {
     const double step = seconds + remainder_;
@@ -18,4 +18,4 @@ void VirtualClock::set(double now) {
     remainder_ = 0.0;
 }
 
-} // namespace Headless
+} // namespace KivUICore::Headless

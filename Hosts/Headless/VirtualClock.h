@@ -2,7 +2,7 @@
 
 #include "Platform/Foundation/Clock.h"
 
-namespace Headless {
+namespace KivUICore::Headless {
 
 /// A clock that goes where it is told: many small steps lead to the same time as one of their sum.
 class VirtualClock : public Foundation::Clock {
@@ -19,4 +19,4 @@ private:
     double remainder_ = 0.0;
 };
 
-} // namespace Headless
+} // namespace KivUICore::Headless

@@ -3,7 +3,7 @@
 #include <thread>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 void Endings::begin(std::function<void()> end) {
     {
@@ -28,4 +28,4 @@ bool Endings::isAny() const {
     return running_ > 0;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -5,7 +5,7 @@
 #include <functional>
 #include <mutex>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Things that end on threads of their own, as that may take long. It lives as long as any of them.
 class Endings {
@@ -24,4 +24,4 @@ private:
     int running_ = 0;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

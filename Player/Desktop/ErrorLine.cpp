@@ -4,8 +4,8 @@
 
 #include <iostream>
 
-namespace Player {
+namespace KivUICore::Player {
 
 void printErrorLine(std::string_view text) { std::cerr << "kivplayer: " << terminalText(text) << '\n'; }
 
-} // namespace Player
+} // namespace KivUICore::Player

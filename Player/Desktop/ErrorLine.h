@@ -2,9 +2,9 @@
 
 #include <string_view>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Tells a person what went wrong: one line on the error output, whatever is in the text.
 void printErrorLine(std::string_view text);
 
-} // namespace Player
+} // namespace KivUICore::Player

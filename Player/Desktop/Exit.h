@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Player {
+namespace KivUICore::Player {
 
 enum class ExitCode : int {
     Success = 0,
@@ -20,4 +20,4 @@ struct Exit {
     std::string text;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -7,7 +7,7 @@
 #include <array>
 #include <system_error>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace fs = std::filesystem;
 
@@ -89,4 +89,4 @@ std::optional<FilmInterruption::Stamp> FilmInterruption::stampOf(const std::stri
 
 bool FilmInterruption::hasFileChanged() const { return stamp_ && stampOf(path_) != stamp_; }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Finds out whether a film that comes to its end does so before its time: by what libmpv says while it
 /// plays, and by what becomes of the file.
@@ -53,4 +53,4 @@ private:
     bool isIncomplete_ = false;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -12,7 +12,7 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -120,7 +120,7 @@ std::string nameOf(const std::string& location) {
         return "Standard input";
     }
     if (!isUrl(location)) {
-        return KivUICore::Cairo::oneLine(std::filesystem::path(location).filename().string());
+        return Cairo::oneLine(std::filesystem::path(location).filename().string());
     }
     const std::string shown = shownLocation(location);
     std::string_view name = shown;
@@ -128,7 +128,7 @@ std::string nameOf(const std::string& location) {
         name = name.substr(0, name.find_first_of("?#"));
     }
     name = name.substr(0, name.find_last_not_of('/') + 1);
-    return KivUICore::Cairo::oneLine(unescaped(std::string(name.substr(name.rfind('/') + 1))));
+    return Cairo::oneLine(unescaped(std::string(name.substr(name.rfind('/') + 1))));
 }
 
 std::optional<std::string> whyUnreadable(const std::string& path) {
@@ -153,4 +153,4 @@ std::optional<std::string> whyUnreadable(const std::string& path) {
     return std::filesystem::is_regular_file(status) ? whyNoFirstByte(path) : std::nullopt;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

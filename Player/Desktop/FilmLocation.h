@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// The location that stands for the standard input.
 inline constexpr const char* standardInput = "-";
@@ -30,4 +30,4 @@ std::string nameOf(const std::string& location);
 /// can be.
 std::optional<std::string> whyUnreadable(const std::string& path);
 
-} // namespace Player
+} // namespace KivUICore::Player

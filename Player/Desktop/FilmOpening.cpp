@@ -7,7 +7,7 @@
 #include <limits>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -254,4 +254,4 @@ bool hasDecodedAnything(const MpvClient& client) {
     return client.number("video-out-params/w") || client.number("audio-params/samplerate");
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-namespace Player {
+namespace KivUICore::Player {
 
 class MpvClient;
 
@@ -105,4 +105,4 @@ private:
 /// Whether the film's picture or sound could be decoded so far.
 bool hasDecodedAnything(const MpvClient& client);
 
-} // namespace Player
+} // namespace KivUICore::Player

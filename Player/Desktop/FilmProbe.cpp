@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 FilmProbe::FilmProbe(const std::string& location, std::function<void()> wakeUp)
     : client_({{"vo", "null"},
@@ -21,4 +21,4 @@ void FilmProbe::update() {
     opening_.conclude(client_);
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Finds out whether a film can be played without disturbing the one that is: opens it unseen and unheard,
 /// as far as its first picture.
@@ -37,4 +37,4 @@ private:
     FilmOpening opening_;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -4,7 +4,7 @@
 #include <new>
 #include <sys/mman.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -32,4 +32,4 @@ Exit guarded(const std::function<Exit()>& program) {
     }
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Runs the program and makes an exit with a sentence of what would end it without one: memory that is
 /// refused, or a thread.
@@ -12,4 +12,4 @@ namespace Player {
 /// says so before anything begins.
 Exit guarded(const std::function<Exit()>& program);
 
-} // namespace Player
+} // namespace KivUICore::Player

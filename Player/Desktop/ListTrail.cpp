@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-namespace Player {
+namespace KivUICore::Player {
 
 void ListTrail::noteList(const mpv_event_end_file& end) {
     constexpr int deepest = 16;
@@ -23,4 +23,4 @@ int ListTrail::depthOf(std::int64_t entry) const {
     return entry < first + list.count ? list.depth : 0;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -4,7 +4,7 @@
 #include <map>
 #include <mpv/client.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// The lists of films that were met on the way to one: what is opened may be a list, its entries lists again.
 class ListTrail {
@@ -38,4 +38,4 @@ private:
     bool isEndless_ = false;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

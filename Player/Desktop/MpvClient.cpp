@@ -6,7 +6,7 @@
 #include <array>
 #include <chrono>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -191,4 +191,4 @@ std::optional<std::string> MpvClient::text(const char* name) const {
     return result;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

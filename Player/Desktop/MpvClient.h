@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// One instance of libmpv, set up to be embedded. Where it can't be started, all of it does nothing and
 /// `failure` tells why.
@@ -86,4 +86,4 @@ private:
     std::optional<Overlay::PlaybackError> failure_;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

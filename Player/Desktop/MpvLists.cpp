@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -38,9 +38,7 @@ std::string text(const mpv_node& map, std::string_view key) {
 }
 
 // What a viewer gets to read.
-std::string name(const mpv_node& map, std::string_view key) {
-    return KivUICore::Cairo::oneLine(text(map, key));
-}
+std::string name(const mpv_node& map, std::string_view key) { return Cairo::oneLine(text(map, key)); }
 
 std::int64_t integer(const mpv_node& map, std::string_view key) {
     const mpv_node* value = find(map, key, MPV_FORMAT_INT64);
@@ -99,9 +97,8 @@ std::vector<Overlay::AudioDevice> readAudioDevices(const mpv_node& list) {
         const std::string identifier = text(device, "name");
         if (identifier.find('/') != std::string::npos) {
             const std::string description = name(device, "description");
-            result.push_back(
-                {.identifier = identifier,
-                 .name = description.empty() ? KivUICore::Cairo::oneLine(identifier) : description});
+            result.push_back({.identifier = identifier,
+                              .name = description.empty() ? Cairo::oneLine(identifier) : description});
         }
     }
     constexpr std::size_t leastToChoose = 3;
@@ -156,4 +153,4 @@ std::optional<std::string> locationOfEntry(const MpvClient& client, std::int64_t
                : std::nullopt;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 class MpvClient;
 
@@ -42,4 +42,4 @@ std::optional<Overlay::TimeRange> rangeAround(const FilmCache& cache, double tim
 /// more.
 std::optional<std::string> locationOfEntry(const MpvClient& client, std::int64_t identifier);
 
-} // namespace Player
+} // namespace KivUICore::Player

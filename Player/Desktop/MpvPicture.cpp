@@ -6,12 +6,12 @@
 #include <mpv/render_gl.h>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
-using KivUICore::Cairo::PixelBuffer;
-using KivUICore::Cairo::PixelSize;
+using Cairo::PixelBuffer;
+using Cairo::PixelSize;
 
 void* functionByName(void* functionAddress, const char* name) {
     return reinterpret_cast<void* (*)(const char*)>(functionAddress)(name);
@@ -110,4 +110,4 @@ void MpvPicture::frameWasShown() {
     }
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -6,12 +6,12 @@
 #include <memory>
 #include <mpv/render.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 class MpvPlayback;
 
 /// The pictures of a film that libmpv plays.
-class MpvPicture final : public KivUICore::SDL::FilmSource {
+class MpvPicture final : public SDL::FilmSource {
 public:
     /// `playback` outlives it.
     explicit MpvPicture(const MpvPlayback& playback) : playback_(playback) {}
@@ -24,8 +24,8 @@ public:
     bool startMemory() override;
     void stopDrawing() override;
     bool hasNewFrame() override;
-    void drawIntoFramebuffer(unsigned framebuffer, const KivUICore::Cairo::PixelSize& size) override;
-    void drawIntoMemory(const KivUICore::Cairo::PixelBuffer& buffer) override;
+    void drawIntoFramebuffer(unsigned framebuffer, const Cairo::PixelSize& size) override;
+    void drawIntoMemory(const Cairo::PixelBuffer& buffer) override;
     void frameWasShown() override;
 
 private:
@@ -47,4 +47,4 @@ private:
     int scene_ = 0;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

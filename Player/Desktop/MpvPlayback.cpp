@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -438,4 +438,4 @@ void MpvPlayback::selectAudioDevice(const std::string& identifier) {
     client_.setText("audio-device", identifier);
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

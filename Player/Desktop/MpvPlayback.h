@@ -15,7 +15,7 @@
 #include <string>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Films played by libmpv, with their sound, one after the other. A film comes to rest at its end, on the
 /// last picture, and goes on from any earlier place that is sought; it isn't paused there unless the viewer
@@ -164,4 +164,4 @@ private:
     int scene_ = 0;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 #include <array>
 #include <span>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -37,7 +37,7 @@ void takeDuration(MpvProperties& properties, const void* value) {
 
 // What nothing can be seen of is none.
 std::optional<std::string> oneLine(const void* value) {
-    const std::string line = value ? KivUICore::Cairo::oneLine(*static_cast<const char* const*>(value)) : "";
+    const std::string line = value ? Cairo::oneLine(*static_cast<const char* const*>(value)) : "";
     return line.empty() ? std::nullopt : std::optional(line);
 }
 
@@ -196,4 +196,4 @@ void MpvProperties::refresh(const MpvClient& client) {
     }
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 class MpvClient;
 
@@ -67,4 +67,4 @@ public:
     void refresh(const MpvClient& client);
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

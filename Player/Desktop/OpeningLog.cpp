@@ -5,7 +5,7 @@
 #include <charconv>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -147,4 +147,4 @@ std::optional<std::string> OpeningLog::whyNotRecognised() const {
     return isWebPage_ ? std::optional("it is a web page") : whyNotOpened();
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// What libmpv says while it opens a film, and what a person should know of that. Reasons are the end of a
 /// sentence ("Connection refused").
@@ -51,4 +51,4 @@ private:
 /// Whether the library complains of the end of a file that the server told no length of: it is no problem.
 bool isEndOfUnknownLength(std::string_view text);
 
-} // namespace Player
+} // namespace KivUICore::Player

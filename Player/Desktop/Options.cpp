@@ -11,7 +11,7 @@
 #include <regex>
 #include <system_error>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -142,4 +142,4 @@ std::variant<Options, Exit> parseOptions(int count, const char* const* arguments
     return options;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -6,7 +6,7 @@
 #include <string>
 #include <variant>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// What the program was asked for on its command line.
 struct Options {
@@ -41,4 +41,4 @@ struct Options {
 /// The options, or why there is nothing to run.
 std::variant<Options, Exit> parseOptions(int count, const char* const* arguments);
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -84,4 +84,4 @@ std::string PictureFile::problem(const char* reason) const {
     return "cannot write '" + path_ + "': " + reason;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

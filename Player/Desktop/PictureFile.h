@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// A picture that appears under its name only when all of it is on the disk: it is written beside, and takes
 /// the place of what was there at once. Until then that stays as it is, and so does what a link there leads
@@ -36,4 +36,4 @@ private:
     std::string beside_;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

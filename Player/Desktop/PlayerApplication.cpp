@@ -10,11 +10,11 @@
 #include <cstdlib>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
-using Drawing = KivUICore::SDL::DesktopWindow::Drawing;
+using Drawing = SDL::DesktopWindow::Drawing;
 
 Drawing drawing(Options::Drawing wanted) {
     switch (wanted) {
@@ -43,8 +43,8 @@ void endByHangUp() {
     }
 }
 
-const char* describe(KivUICore::SDL::DesktopWindow::Problem problem) {
-    using Problem = KivUICore::SDL::DesktopWindow::Problem;
+const char* describe(SDL::DesktopWindow::Problem problem) {
+    using Problem = SDL::DesktopWindow::Problem;
     switch (problem) {
     case Problem::NoDisplay:
         return "there is no display to open a window on; start it in a graphical session, or write pictures "
@@ -63,14 +63,13 @@ PlayerApplication::PlayerApplication(const Options& options)
     : options_(options), playback_(playbackSettings(options)) {}
 
 Exit PlayerApplication::run() {
-    KivUICore::SDL::DesktopWindow::Problem problem{};
+    SDL::DesktopWindow::Problem problem{};
     title_ = nameOf(options_.location);
-    window_ = KivUICore::SDL::DesktopWindow::open(
-        {.title = title_,
-         .size = CoreGraphics::CGSizeMake(options_.width, options_.height),
-         .scale = options_.scale,
-         .drawing = drawing(options_.drawing)},
-        picture_, problem);
+    window_ = SDL::DesktopWindow::open({.title = title_,
+                                        .size = CoreGraphics::CGSizeMake(options_.width, options_.height),
+                                        .scale = options_.scale,
+                                        .drawing = drawing(options_.drawing)},
+                                       picture_, problem);
     if (!window_) {
         return {ExitCode::Usage,
                 playback_.client().failure() ? lineOf(*playback_.client().failure()) : describe(problem)};
@@ -160,4 +159,4 @@ void PlayerApplication::setPointerHidden(bool hidden) { window_->setPointerHidde
 
 void PlayerApplication::close() { loop_->stop(); }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -16,10 +16,10 @@
 #include <optional>
 #include <string>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// The player in its window.
-class PlayerApplication : private KivUICore::SDL::WindowDelegate, private Overlay::WindowControls {
+class PlayerApplication : private SDL::WindowDelegate, private Overlay::WindowControls {
 public:
     explicit PlayerApplication(const Options& options);
 
@@ -48,17 +48,17 @@ private:
     void close() override;
 
     Options options_;
-    KivUICore::SDL::DesktopClock clock_;
+    SDL::DesktopClock clock_;
     Foundation::NSRunLoop runLoop_{clock_};
     MpvPlayback playback_;
     MpvPicture picture_{playback_};
-    std::unique_ptr<KivUICore::SDL::DesktopWindow> window_;
+    std::unique_ptr<SDL::DesktopWindow> window_;
     std::optional<Overlay::PlayerOverlay> overlay_;
-    std::optional<KivUICore::SDL::EventLoop> loop_;
+    std::optional<SDL::EventLoop> loop_;
 
     // What was told last.
     std::optional<Overlay::PlaybackError> error_;
     std::string title_;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

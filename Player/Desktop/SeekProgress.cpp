@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace Player {
+namespace KivUICore::Player {
 
 std::uint64_t SeekProgress::begin() {
     stage_ = Stage::Asked;
@@ -47,4 +47,4 @@ void SeekProgress::noteLog(const mpv_event_log_message& message) {
     }
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <mpv/client.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Follows the newest seek from the moment it is asked for until its picture is there, by libmpv's events.
 class SeekProgress {
@@ -31,4 +31,4 @@ private:
     std::uint64_t newest_ = 0;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

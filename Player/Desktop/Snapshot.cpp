@@ -29,13 +29,13 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
-using KivUICore::Cairo::CairoSurface;
-using KivUICore::Cairo::FilmPixels;
-using KivUICore::Cairo::PixelSize;
+using Cairo::CairoSurface;
+using Cairo::FilmPixels;
+using Cairo::PixelSize;
 
 /// What went wrong, if anything did.
 using Problem = std::optional<std::string>;
@@ -133,7 +133,7 @@ public:
 };
 
 void drawOverlay(const Options& options, double scale, MpvPlayback& playback,
-                 KivUICore::Cairo::OverlaySurface& surface) {
+                 Cairo::OverlaySurface& surface) {
     const Headless::VirtualClock clock;
     Foundation::NSRunLoop runLoop(clock);
     const auto views =
@@ -144,10 +144,10 @@ void drawOverlay(const Options& options, double scale, MpvPlayback& playback,
     surface.draw(*views);
 }
 
-CairoSurface compose(const FilmPixels& film, const KivUICore::Cairo::OverlaySurface& overlay) {
+CairoSurface compose(const FilmPixels& film, const Cairo::OverlaySurface& overlay) {
     CairoSurface result(
         cairo_image_surface_create(CAIRO_FORMAT_RGB24, overlay.size().width, overlay.size().height));
-    const KivUICore::Cairo::CairoHandle context(cairo_create(result.get()));
+    const Cairo::CairoHandle context(cairo_create(result.get()));
     for (cairo_surface_t* layer : {film.surface(), overlay.surface()}) {
         cairo_set_source_surface(context.get(), layer, 0.0, 0.0);
         cairo_paint(context.get());
@@ -187,8 +187,8 @@ Problem writePictures(const Options& options) {
     if (Problem problem = drawFilm(options, playback, film)) {
         return problem;
     }
-    KivUICore::Cairo::CairoResources resources;
-    KivUICore::Cairo::OverlaySurface overlay(size, scale, resources);
+    Cairo::CairoResources resources;
+    Cairo::OverlaySurface overlay(size, scale, resources);
     drawOverlay(options, scale, playback, overlay);
     const CairoSurface both = compose(film, overlay);
     return writeInto(folder, {film.surface(), overlay.surface(), both.get()});
@@ -203,4 +203,4 @@ Exit takeSnapshot(const Options& options) {
     return problem ? Exit{ExitCode::Failure, *problem} : Exit{};
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

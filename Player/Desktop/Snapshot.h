@@ -2,7 +2,7 @@
 
 #include "Player/Desktop/Exit.h"
 
-namespace Player {
+namespace KivUICore::Player {
 
 struct Options;
 
@@ -10,4 +10,4 @@ struct Options;
 /// into the folder, which is made if missing.
 Exit takeSnapshot(const Options& options);
 
-} // namespace Player
+} // namespace KivUICore::Player

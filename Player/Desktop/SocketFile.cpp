@@ -13,7 +13,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -148,4 +148,4 @@ SocketFile::~SocketFile() {
     forgetSignals();
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// The file of a socket that libmpv makes and leaves behind: taken away with this object, which outlives the
 /// library's instance, and also when the program is ended by a signal that nobody else handles. There is one
@@ -30,4 +30,4 @@ private:
     std::string path_;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -24,4 +24,4 @@ bool hasSoundOutput() {
                       isThere(std::filesystem::path(folder) / "pipewire-0"));
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -9,7 +9,7 @@
 #include <memory>
 #include <system_error>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -121,4 +121,4 @@ std::optional<SourceRules::Refusal> SourceRules::refusalIn(std::string_view mess
     return std::nullopt;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// What is opened, whoever names it: the viewer, a playlist, a film that consists of several files or another
 /// program. Docs/sources.md tells the rules.
@@ -37,4 +37,4 @@ public:
     static std::optional<Refusal> refusalIn(std::string_view message);
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 #include <limits>
 #include <string_view>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -50,4 +50,4 @@ std::optional<SubtitleFile::Result> SubtitleFile::handle(const mpv_event& event)
     return result;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

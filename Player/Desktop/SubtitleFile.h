@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace Player {
+namespace KivUICore::Player {
 
 class MpvClient;
 
@@ -32,4 +32,4 @@ private:
     int unanswered_ = 0;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <glib.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -65,4 +65,4 @@ std::string terminalText(std::string_view text) {
     return visible(text.substr(0, from)) + "…" + visible(text.substr(to));
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

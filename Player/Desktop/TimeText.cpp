@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <regex>
 
-namespace Player {
+namespace KivUICore::Player {
 
 std::optional<double> secondsOf(const std::string& text) {
     constexpr double sixty = 60.0;
@@ -18,4 +18,4 @@ std::optional<double> secondsOf(const std::string& text) {
     return isTooMany ? std::nullopt : std::optional((number(1) * sixty + number(2)) * sixty + number(3));
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -1,6 +1,6 @@
 #include "Player/Desktop/WakeUpSignal.h"
 
-namespace Player {
+namespace KivUICore::Player {
 
 void WakeUpSignal::raise() {
     const std::lock_guard lock(mutex_);
@@ -15,4 +15,4 @@ bool WakeUpSignal::waitUntil(std::chrono::steady_clock::time_point end) {
     return std::chrono::steady_clock::now() < end;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

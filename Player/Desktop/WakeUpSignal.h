@@ -4,7 +4,7 @@
 #include <condition_variable>
 #include <mutex>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Lets one thread sleep until another has news. News that come early are kept.
 class WakeUpSignal {
@@ -20,4 +20,4 @@ private:
     bool isRaised_ = false;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <iostream>
 
+using namespace KivUICore;
+
 namespace {
 
 Player::Exit run(int count, const char* const* arguments) {

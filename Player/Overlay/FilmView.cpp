@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using UIKit::UITouch;
 
@@ -51,4 +51,4 @@ void FilmView::touchesCancelled(const UITouch& /*touch*/) {
     lastTap_.reset();
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

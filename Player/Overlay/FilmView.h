@@ -6,7 +6,7 @@
 #include <functional>
 #include <optional>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// The area of the picture, which holds the bars and hears the touches beside them.
 class FilmView : public UIKit::UIView {
@@ -30,4 +30,4 @@ private:
     std::optional<UIKit::UITouch> lastTap_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

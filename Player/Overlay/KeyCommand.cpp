@@ -1,6 +1,6 @@
 #include "Player/Overlay/KeyCommand.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -90,4 +90,4 @@ bool movesFilm(Action action) {
     }
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

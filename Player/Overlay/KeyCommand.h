@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// What a key asks for.
 struct KeyCommand {
@@ -39,4 +39,4 @@ std::optional<KeyCommand> commandForKey(const UIKit::UIKey& key);
 /// Whether an action takes the film to another place.
 bool movesFilm(KeyCommand::Action action);
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

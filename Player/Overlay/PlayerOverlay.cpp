@@ -9,7 +9,7 @@
 
 #include <cmath>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 using Foundation::make;
@@ -300,4 +300,4 @@ void PlayerOverlay::showNotice(const std::string& text) { status_.showNotice(tex
 
 void PlayerOverlay::showProblem(const PlaybackError& problem) { status_.showProblem(problem); }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

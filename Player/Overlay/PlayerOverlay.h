@@ -18,7 +18,7 @@ class UIViewController;
 struct UIKey;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 class FilmView;
 struct KeyCommand;
@@ -111,4 +111,4 @@ private:
     double placeBeforeScrub_ = 0.0;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// The window around the film, as far as the overlay changes it.
 class WindowControls {
@@ -18,4 +18,4 @@ public:
     virtual void close() = 0;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

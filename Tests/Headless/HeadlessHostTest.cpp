@@ -10,7 +10,7 @@ namespace {
 using namespace CoreGraphics;
 using Foundation::NSRunLoop;
 using Foundation::NSTimer;
-using Headless::HeadlessHost;
+using KivUICore::Headless::HeadlessHost;
 using UIKit::UIView;
 
 std::shared_ptr<NSTimer> schedule(double interval, bool repeats, const std::function<void()>& call) {

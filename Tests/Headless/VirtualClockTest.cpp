@@ -5,7 +5,7 @@
 namespace {
 
 TEST(VirtualClockTest, GoesWhereItIsTold) {
-    Headless::VirtualClock clock;
+    KivUICore::Headless::VirtualClock clock;
     EXPECT_EQ(clock.now(), 0.0);
     clock.advance(1.5);
     clock.advance(0.25);
@@ -15,7 +15,7 @@ TEST(VirtualClockTest, GoesWhereItIsTold) {
 }
 
 TEST(VirtualClockTest, ManySmallStepsLeadWhereTheirSumDoes) {
-    Headless::VirtualClock clock;
+    KivUICore::Headless::VirtualClock clock;
     for (int step = 0; step < 1000; ++step) {
         clock.advance(0.1);
     }

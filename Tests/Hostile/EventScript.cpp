@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -99,4 +99,4 @@ void EventScript::add(const std::vector<std::string>& words) {
     ++events_;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Input without end or sense, as words for xdotool. The same seed gives the same.
 class EventScript {
@@ -37,4 +37,4 @@ private:
     int events_ = 0;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

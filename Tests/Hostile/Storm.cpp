@@ -9,7 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -172,4 +172,4 @@ void Storm::calmDown() {
     expect(player_->wait() == 0, "it ends with a failure though its film plays");
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

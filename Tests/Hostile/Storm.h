@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// A player in a window with a window manager around it, and somebody who moves, clicks, drags, types,
 /// resizes and drops on it. What must not happen is thrown as `std::runtime_error`.
@@ -50,4 +50,4 @@ private:
     int starts_ = 0;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -33,7 +33,7 @@ int main(int count, char** arguments) {
         return 2;
     }
     try {
-        Player::Storm storm(static_cast<unsigned>(seed));
+        KivUICore::Player::Storm storm(static_cast<unsigned>(seed));
         double first = 0.0;
         for (int report = 1; report <= reports; ++report) {
             while (storm.events() < events * report / reports) {

@@ -45,7 +45,7 @@ private:
     // Outlives the host, whose timers and fades may be the last that hold a bar.
     std::vector<std::string> calls_;
 
-    Headless::HeadlessHost host_;
+    KivUICore::Headless::HeadlessHost host_;
     std::vector<std::shared_ptr<Foundation::NSTimer>> timers_;
     std::size_t fadesByApplication_ = 0;
     double viewsPainted_ = 0.0;

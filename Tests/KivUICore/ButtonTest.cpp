@@ -42,7 +42,7 @@ protected:
 
     void press() { host.tap({30.0, 30.0}); }
 
-    Headless::HeadlessHost host{{320.0, 480.0}};
+    KivUICore::Headless::HeadlessHost host{{320.0, 480.0}};
     std::shared_ptr<NotingButton> view = make<NotingButton>();
     int presses = 0;
     std::function<void()> count = [this] { ++presses; };

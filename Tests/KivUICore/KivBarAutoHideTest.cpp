@@ -67,7 +67,7 @@ protected:
     /// What of the container view is to be seen.
     double shownAlpha() const { return bar->view()->presentedAlpha(); }
 
-    Headless::HeadlessHost host{{320.0, 480.0}};
+    KivUICore::Headless::HeadlessHost host{{320.0, 480.0}};
     std::shared_ptr<CountingBar> bar = make<CountingBar>(host.window());
 };
 

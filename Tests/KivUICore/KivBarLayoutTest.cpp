@@ -40,7 +40,7 @@ protected:
     }
 
     Story story;
-    Headless::HeadlessHost host{{320.0, 480.0}};
+    KivUICore::Headless::HeadlessHost host{{320.0, 480.0}};
     std::shared_ptr<KivBar> bar = make<KivBar>(host.window(), CGRectMake(0.0, 0.0, 320.0, 40.0));
 };
 

@@ -68,7 +68,7 @@ protected:
     static constexpr CoreGraphics::CGPoint outside{20.0, 300.0};
 
     Story story;
-    Headless::HeadlessHost host{{640.0, 360.0}};
+    KivUICore::Headless::HeadlessHost host{{640.0, 360.0}};
     std::shared_ptr<UIKit::UIViewController> controller = Foundation::make<UIKit::UIViewController>();
     std::shared_ptr<UIKit::UIView> anchor =
         Foundation::make<UIKit::UIView>(CoreGraphics::CGRectMake(300, 0, 44, 40));

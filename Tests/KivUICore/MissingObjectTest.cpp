@@ -53,7 +53,7 @@ TEST(MissingObjectDeathTest, ABarNeedsItsViewsAndItsElements) {
 }
 
 TEST(MissingObjectDeathTest, ABarWhoseContainerViewIsLostSaysWhatItIsFor) {
-    const Headless::HeadlessHost host({320.0, 480.0});
+    const KivUICore::Headless::HeadlessHost host({320.0, 480.0});
     const auto bar = make<LosingBar>(host.window());
     bar->isLost = true;
     EXPECT_MISSING(bar->hide(), "container view", "hide", "KivUICore.TopBar");

@@ -93,8 +93,8 @@ protected:
     }
 
     Story story;
-    std::unique_ptr<Headless::HeadlessHost> host =
-        std::make_unique<Headless::HeadlessHost>(CGSizeMake(320.0, 480.0));
+    std::unique_ptr<KivUICore::Headless::HeadlessHost> host =
+        std::make_unique<KivUICore::Headless::HeadlessHost>(CGSizeMake(320.0, 480.0));
     Overlay overlay;
     std::vector<std::weak_ptr<NSObject>> remembered;
 };

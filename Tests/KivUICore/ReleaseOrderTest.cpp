@@ -52,7 +52,7 @@ protected:
         return [held] {};
     }
 
-    Headless::HeadlessHost host{{320.0, 480.0}};
+    KivUICore::Headless::HeadlessHost host{{320.0, 480.0}};
     Story story;
 };
 

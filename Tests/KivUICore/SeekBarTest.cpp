@@ -71,7 +71,7 @@ protected:
     std::shared_ptr<SeekBar> makeSeekBar() { return make<SeekBar>(slider, watcher, player); }
 
     Story story;
-    Headless::HeadlessHost host{{320.0, 480.0}};
+    KivUICore::Headless::HeadlessHost host{{320.0, 480.0}};
     std::shared_ptr<NotingSlider> slider = make<NotingSlider>();
     std::shared_ptr<Watcher> watcher = make<Watcher>(story);
     std::shared_ptr<Player> player = make<Player>(false);

@@ -48,7 +48,7 @@ TEST(UIEventObserverTest, WhatIsSentByNameArrivesWithItsArguments) {
 
 TEST(UIEventObserverTest, ControlsTellItOfSeeksAndNeverOfPresses) {
     Story story;
-    Headless::HeadlessHost host({320.0, 480.0});
+    KivUICore::Headless::HeadlessHost host({320.0, 480.0});
     const auto watcher = make<Watcher>(story);
     const auto view = make<UIKit::UIButton>();
     const auto button = make<Button>(view, nullptr);

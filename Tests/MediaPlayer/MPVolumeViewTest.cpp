@@ -15,7 +15,7 @@ namespace {
 using namespace CoreGraphics;
 using namespace MediaPlayer;
 using Foundation::make;
-using Headless::HeadlessHost;
+using KivUICore::Headless::HeadlessHost;
 
 class TestProvider : public MPRouteProvider {
 public:

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -71,4 +71,4 @@ TEST(KeyCommandTest, OnlyWhatGoesStepByStepRepeats) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 #include <variant>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -1008,4 +1008,4 @@ TEST_F(PlayerControlsTest, NarrowestWindowKeepsPlayAndTrackAndMoreRoomBringsTheT
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

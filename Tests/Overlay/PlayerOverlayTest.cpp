@@ -12,7 +12,7 @@
 #include <variant>
 #include <vector>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -99,4 +99,4 @@ TEST_F(PlayerOverlayTest, WindowLowerThanTheBarsIsSurvived) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

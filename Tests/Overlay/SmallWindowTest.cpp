@@ -12,7 +12,7 @@
 #include <variant>
 #include <vector>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -195,4 +195,4 @@ TEST_F(SmallWindowTest, BubbleGoesWhereThereIsNoRoomAboveTheBar) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -16,7 +16,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -350,4 +350,4 @@ TEST_F(Controls, ChangesByOtherProgramsShow) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -317,4 +317,4 @@ TEST(NoDisplay, IsToldInOneLineThatSaysWhatToDo) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

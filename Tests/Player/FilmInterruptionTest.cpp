@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -183,4 +183,4 @@ TEST_F(FilmInterruptionTest, LiveStreamThatGoesAwayHasNoLengthToCompareWith) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

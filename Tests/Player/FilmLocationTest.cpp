@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -57,4 +57,4 @@ TEST(FilmLocation, FilmThatIsNoFileIsNamedAfterItsServer) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -11,7 +11,7 @@
 #include <thread>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -92,4 +92,4 @@ TEST_F(FilmOpeningTest, ServerThatHangsUpIsNotSaidToBeSlow) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -81,4 +81,4 @@ TEST_F(WindowWithLongWords, AnswersAtEverySize) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -9,7 +9,7 @@
 #include <unistd.h>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -220,4 +220,4 @@ fs::path Films::cut(const fs::path& whole, std::uintmax_t bytes, const std::stri
     });
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Files to play, made when first asked for and kept for the tests that follow.
 class Films {
@@ -38,4 +38,4 @@ public:
                                      const std::string& name);
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <sstream>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// A web server for the files of a folder.
 class FolderServer {
@@ -49,4 +49,4 @@ private:
     std::thread thread_{[this] { serve(); }};
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

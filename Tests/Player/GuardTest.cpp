@@ -7,7 +7,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -72,4 +72,4 @@ TEST(Guard, OtherThingsThatTheSystemRefusesAreToldInItsWords) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

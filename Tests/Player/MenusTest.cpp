@@ -6,7 +6,7 @@
 #include <X11/keysym.h>
 #include <gtest/gtest.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -135,4 +135,4 @@ TEST_F(Menus, SmallestWindowHasRoomForAMenuThatScrolls) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 #include <mpv/stream_cb.h>
 #include <optional>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -89,4 +89,4 @@ TEST_F(MpvClientTest, TellsTextNumbersAndFlags) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -548,7 +548,7 @@ TEST(MpvPlayback, PictureGoesWithItsFilm) {
     const auto shows = [&](int brightness) {
         return run.until([&] {
             cairo_surface_mark_dirty(run.pixels.surface());
-            const KivUICore::Cairo::PixelBuffer buffer = run.pixels.buffer();
+            const Cairo::PixelBuffer buffer = run.pixels.buffer();
             const unsigned char* row = buffer.pixels + 90 * buffer.stride;
             return std::abs(row[4 * 160] - brightness) < 3;
         });
@@ -684,4 +684,4 @@ TEST(MpvPlayback, FilmInPlaceOfAnUnplayableOneIsOpenedAtOnce) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 MpvSocket::~MpvSocket() {
     if (descriptor_ >= 0) {
@@ -119,4 +119,4 @@ std::optional<bool> MpvSocket::flag(const std::string& property) {
     return text ? std::optional(*text == "true") : std::nullopt;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Asks mpv itself what it does, by its protocol for other programs.
 class MpvSocket {
@@ -46,4 +46,4 @@ private:
     std::string received_;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Pixels with the components red, green, blue and alpha, premultiplied.
 class Picture {
@@ -22,7 +22,7 @@ public:
 
     /// Empty if the file is no picture.
     static Picture fromPng(const std::filesystem::path& path) {
-        const KivUICore::Cairo::CairoSurface surface(cairo_image_surface_create_from_png(path.c_str()));
+        const Cairo::CairoSurface surface(cairo_image_surface_create_from_png(path.c_str()));
         if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) {
             return {};
         }
@@ -74,4 +74,4 @@ private:
     std::vector<Pixel> pixels_;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// A real film in real mpv, drawn in memory, with nobody to hear it.
 class PlaybackRun {
@@ -58,7 +58,7 @@ public:
     std::vector<std::string> notices;
     MpvPlayback playback;
     MpvPicture picture{playback};
-    KivUICore::Cairo::FilmPixels pixels{{320, 180}};
+    Cairo::FilmPixels pixels{{320, 180}};
 
 private:
     static MpvPlayback::Settings silent(MpvPlayback::Settings settings) {
@@ -67,4 +67,4 @@ private:
     }
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Starts the player as a person would, with what belongs to the machine's desktop taken out of its
 /// environment. `limits` is what its shell does before, such as "ulimit -f 8".
@@ -28,4 +28,4 @@ inline std::unique_ptr<Process> startPlayer(const std::vector<std::string>& argu
     return std::make_unique<Process>(command, all);
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -174,4 +174,4 @@ TEST_F(PlaylistOf, EndlesslyManyMissingFilmsEndsASnapshotBeforeItsTime) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

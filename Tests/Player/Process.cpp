@@ -13,7 +13,7 @@
 #include <thread>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -168,4 +168,4 @@ double Process::memory() const {
 
 void pauseBriefly() { std::this_thread::sleep_for(std::chrono::milliseconds(20)); }
 
-} // namespace Player
+} // namespace KivUICore::Player

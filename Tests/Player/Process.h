@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// A folder of the test's own, gone with it.
 class TemporaryFolder {
@@ -77,4 +77,4 @@ bool eventually(Condition condition, std::chrono::milliseconds bound) {
     return true;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -101,4 +101,4 @@ TEST_F(SeekProgressTest, StreamThatCannotBeSoughtInEndsIt) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -100,4 +100,4 @@ TEST_F(LiveStream, GoesToTheLastPlaceThatIsAtHandInPlaceOfItsEnd) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

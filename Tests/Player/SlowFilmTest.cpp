@@ -13,7 +13,7 @@
 #include <sys/stat.h>
 #include <thread>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -196,4 +196,4 @@ TEST_F(WindowOfASlowFilm, EndsWhenItIsTold) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -284,4 +284,4 @@ TEST(Snapshot, FolderThatCannotBeWrittenIsToldInOneLine) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -16,7 +16,7 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -157,4 +157,4 @@ TEST_F(SocketFileTest, LeavesWithAProgramThatCannotWaitForMpvToEnd) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -14,7 +14,7 @@
 #include <string>
 #include <thread>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -258,4 +258,4 @@ TEST_F(SourceRulesTest, NothingFromAServerWaitsForOthersToConnect) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -9,7 +9,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// What a web server sends: `status` as in "404 Not Found".
 inline std::string httpAnswer(const std::string& status, const std::string& body) {
@@ -46,4 +46,4 @@ private:
     std::thread thread_{[this] { serve(); }};
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

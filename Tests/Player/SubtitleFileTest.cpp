@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -17,4 +17,4 @@ TEST(SubtitleFile, IsKnownByItsName) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -51,4 +51,4 @@ TEST(TerminalText, VeryLongTextKeepsItsBeginningAndItsEnd) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -29,4 +29,4 @@ TEST(TimeText, OtherTextsAreNoTime) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -301,4 +301,4 @@ std::string VirtualScreen::windowTitle() const {
     return title;
 }
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -11,7 +11,7 @@
 // The library's own header names macros None and Bool.
 struct _XDisplay; // NOLINT(bugprone-reserved-identifier)
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// An X server of the test's own, with no window manager unless one is asked for, and what a person can see
 /// and do there.
@@ -90,4 +90,4 @@ private:
     std::unique_ptr<_XDisplay, Release> display_;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -5,7 +5,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 /// Where a web server of this machine would be: connections are taken, and what they get is up to the test.
 class WebServer {
@@ -38,4 +38,4 @@ private:
     int port_ = 0;
 };
 
-} // namespace Player
+} // namespace KivUICore::Player

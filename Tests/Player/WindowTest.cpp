@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -279,4 +279,4 @@ INSTANTIATE_TEST_SUITE_P(Drawing, PlayerWindow, testing::Values("--software", "-
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -8,7 +8,7 @@
 // Its macros None and Bool are names in the headers above.
 #include <X11/Xlib.h>
 
-namespace Player {
+namespace KivUICore::Player {
 
 namespace {
 
@@ -42,7 +42,7 @@ protected:
 
 TEST_F(XErrorFilterTest, PassesOverErrorsOfItsWindowsAloneWhileItIsThere) {
     {
-        KivUICore::SDL::XErrorFilter filter;
+        SDL::XErrorFilter filter;
         filter.add(own);
         ask(own);
         EXPECT_EQ(errors, 0);
@@ -55,10 +55,10 @@ TEST_F(XErrorFilterTest, PassesOverErrorsOfItsWindowsAloneWhileItIsThere) {
 }
 
 TEST_F(XErrorFilterTest, TwoAtATimeKnowEachTheirWindows) {
-    KivUICore::SDL::XErrorFilter first;
+    SDL::XErrorFilter first;
     first.add(own);
     {
-        KivUICore::SDL::XErrorFilter second;
+        SDL::XErrorFilter second;
         second.add(other);
         ask(own);
         ask(other);
@@ -71,14 +71,14 @@ TEST_F(XErrorFilterTest, TwoAtATimeKnowEachTheirWindows) {
 }
 
 TEST_F(XErrorFilterTest, HandlerThatCameOnTopStaysThere) {
-    auto filter = std::make_unique<KivUICore::SDL::XErrorFilter>();
+    auto filter = std::make_unique<SDL::XErrorFilter>();
     const XErrorHandler filtering = XSetErrorHandler(ignoreOnTop);
     filter.reset();
     EXPECT_EQ(XSetErrorHandler(filtering), &ignoreOnTop);
     ask(own);
     EXPECT_EQ(errors, 1) << "what is left in the chain hands on";
     // The next one takes its place in the chain, and out of it.
-    filter = std::make_unique<KivUICore::SDL::XErrorFilter>();
+    filter = std::make_unique<SDL::XErrorFilter>();
     filter->add(own);
     ask(own);
     EXPECT_EQ(errors, 1);
@@ -88,4 +88,4 @@ TEST_F(XErrorFilterTest, HandlerThatCameOnTopStaysThere) {
 
 } // namespace
 
-} // namespace Player
+} // namespace KivUICore::Player

@@ -33,7 +33,7 @@ protected:
         return view;
     }
 
-    Headless::HeadlessHost host{{320, 240}};
+    KivUICore::Headless::HeadlessHost host{{320, 240}};
 };
 
 // Animations

@@ -88,7 +88,7 @@ public:
     static constexpr CGPoint onProbe{60, 10};
     static constexpr CGPoint onNothing{500, 10};
 
-    Headless::VirtualClock clock;
+    KivUICore::Headless::VirtualClock clock;
     Foundation::NSRunLoop loop{clock};
     std::shared_ptr<UIWindow> window = make<UIWindow>(CGRectMake(0, 0, 100, 100));
     std::shared_ptr<UIView> group = make<UIView>(CGRectMake(0, 0, 100, 100));
@@ -375,8 +375,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ReentrancyHostTest, TouchMayDestroyTheHost) {
     for (const UITouchPhase last : {UITouchPhase::Began, UITouchPhase::Moved, UITouchPhase::Ended}) {
-        Headless::HeadlessHost outer({10, 10});
-        auto host = std::make_unique<Headless::HeadlessHost>(CGSizeMake(100, 100));
+        KivUICore::Headless::HeadlessHost outer({10, 10});
+        auto host = std::make_unique<KivUICore::Headless::HeadlessHost>(CGSizeMake(100, 100));
         const auto view = makeProbe(CGRectMake(0, 0, 100, 100));
         host->window()->addSubview(view);
         view->log->clear();

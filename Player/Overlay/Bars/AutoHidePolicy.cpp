@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using KivUICore::KivBar;
 
@@ -84,4 +84,4 @@ void AutoHidePolicy::countAnew() {
     }
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

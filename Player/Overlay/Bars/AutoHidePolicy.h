@@ -11,7 +11,7 @@ namespace KivUICore {
 class KivBar;
 } // namespace KivUICore
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// Hides bars together after a time without activity, by their own countdowns, unless something holds them.
 /// Needs no window. Holds the bars.
@@ -50,4 +50,4 @@ private:
     std::array<bool, holdCount> holds_{};
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

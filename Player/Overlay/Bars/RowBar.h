@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// A docked bar in a window of any width. Its controls are placed in columns as in every bar, and then share
 /// the width as a row does: times and buttons keep theirs, and the seek bar takes what is left. Says when it
@@ -56,4 +56,4 @@ private:
     std::function<void()> onFade_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

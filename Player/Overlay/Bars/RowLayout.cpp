@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <numeric>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -52,4 +52,4 @@ std::vector<CGRect> layOutRow(std::span<const RowItem> items, const CGRect& row)
     return frames;
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// What a row has to place: something of a fixed width, or one that takes what is left.
 struct RowItem {
@@ -26,4 +26,4 @@ struct RowItem {
 /// width. A row too narrow for what nobody can do without ends beyond its right edge.
 std::vector<CoreGraphics::CGRect> layOutRow(std::span<const RowItem> items, const CoreGraphics::CGRect& row);
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -5,7 +5,7 @@
 #include "Player/Overlay/Bars/TimeBubbleView.h"
 #include "Player/Overlay/Bars/TimeDisplay.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using Foundation::make;
 
@@ -30,4 +30,4 @@ void ScrubBubble::show(double time, const CoreGraphics::CGPoint& tip) {
 
 void ScrubBubble::hide() { view_->setHidden(true); }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -14,7 +14,7 @@ namespace UIKit {
 class UIView;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 class TimeBubbleView;
 
@@ -39,4 +39,4 @@ private:
     std::optional<std::int64_t> shown_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -4,7 +4,7 @@
 #include "KivUICore/UIComponent/SeekBar.h"
 #include "Platform/Foundation/ClassBuilder.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 const Foundation::Class& ScrubObserver::classObject() {
     static const Foundation::Class& object =
@@ -29,4 +29,4 @@ void ScrubObserver::onValueChanged(const std::shared_ptr<KivUICore::SeekBar>& /*
     handlers_.moved();
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -6,7 +6,7 @@
 #include <functional>
 #include <memory>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// Passes what happens to the seek bar on to closures.
 class ScrubObserver : public Foundation::Adopting<Foundation::NSObject, KivUICore::UIEventObserver> {
@@ -34,4 +34,4 @@ private:
     Handlers handlers_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 using KivUICore::KivBar;
@@ -48,4 +48,4 @@ void layOutSlots(KivBar& bar, std::span<const RowItem> items) {
     }
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

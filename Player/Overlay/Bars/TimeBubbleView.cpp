@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -72,4 +72,4 @@ void TimeBubbleView::drawRect(CGContext& context, const CGRect& /*rect*/) {
     context.fillPath(outline, plateColor);
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -8,7 +8,7 @@ namespace UIKit {
 class UILabel;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// A short text, such as a time, on a small plate whose arrow points down at a place. Takes no touches.
 class TimeBubbleView : public UIKit::UIView {
@@ -36,4 +36,4 @@ private:
     CoreGraphics::CGFloat arrow_ = 0.0;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <string>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using Foundation::make;
 
@@ -57,4 +57,4 @@ int hourFigures(std::int64_t seconds) {
     return hours == 0 ? 0 : std::max(fewest, static_cast<int>(std::to_string(hours).size()));
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

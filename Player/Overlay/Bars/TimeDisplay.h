@@ -10,7 +10,7 @@ namespace KivUICore {
 class Label;
 } // namespace KivUICore
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 class TimeLabel;
 
@@ -48,4 +48,4 @@ std::int64_t wholeSeconds(double time);
 /// With how many figures the hours of a time are shown, given in whole seconds: with none below an hour.
 int hourFigures(std::int64_t seconds);
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 bool TimeLabel::init(const CoreGraphics::CGRect& frame) {
     constexpr CoreGraphics::CGFloat fontSize = 13.0;
@@ -32,4 +32,4 @@ void TimeLabel::touchesEnded(const UIKit::UITouch& touch) {
     }
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// The view of a time: centred figures of equal width, which may have a sign in front and may be pressed.
 class TimeLabel : public UIKit::UILabel {
@@ -34,4 +34,4 @@ private:
     std::function<void()> onPress_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

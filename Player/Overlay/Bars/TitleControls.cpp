@@ -6,7 +6,7 @@
 #include "Platform/UIKit/UILabel.h"
 #include "Player/Overlay/Looks/Icons.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 using Foundation::make;
@@ -47,4 +47,4 @@ void TitleControls::show(const std::string& title) {
     }
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

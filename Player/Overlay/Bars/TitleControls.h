@@ -15,7 +15,7 @@ namespace UIKit {
 class UILabel;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// The top bar and what is in it: a way back, the film's title, and the button of the menu.
 class TitleControls {
@@ -40,4 +40,4 @@ private:
     std::shared_ptr<RowBar<KivUICore::TopBar>> bar_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -1,6 +1,6 @@
 #include "Player/Overlay/Bars/TrackSlider.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -28,4 +28,4 @@ void TrackSlider::cancelTracking() {
     UISlider::cancelTracking();
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

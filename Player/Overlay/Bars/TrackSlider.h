@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// A slider whose whole track can be touched: the thumb jumps under the finger and is held from there.
 class TrackSlider : public UIKit::UISlider {
@@ -31,4 +31,4 @@ private:
     bool wasCancelled_ = false;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

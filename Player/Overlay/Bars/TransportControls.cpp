@@ -16,7 +16,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 using Foundation::make;
@@ -207,4 +207,4 @@ CGPoint TransportControls::pointOver(double time) const {
     return {slider_->convertPointToView(thumb, host()).x, CGRectGetMinY(bar_->view()->frame())};
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -13,7 +13,7 @@ class Button;
 class SeekBar;
 } // namespace KivUICore
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 struct PlaybackState;
 class TrackSlider;
@@ -97,4 +97,4 @@ private:
     std::optional<bool> showsFullScreen_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

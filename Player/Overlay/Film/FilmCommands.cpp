@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 double FilmCommands::position() const {
     const PlaybackState& state = playback_.state();
@@ -120,4 +120,4 @@ double FilmCommands::changeVolume(double difference) {
     return volume;
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

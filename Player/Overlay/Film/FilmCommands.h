@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// What a viewer can do to a film, whatever it is done with. What moves a film that is still being opened is
 /// done once that can be; it is forgotten when the film turns out to be none.
@@ -56,4 +56,4 @@ private:
     int steps_ = 0;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

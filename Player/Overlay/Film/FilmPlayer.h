@@ -2,7 +2,7 @@
 
 #include "KivCore/KivPlayer.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// The film as the seek bar sees it: one whose sound may go to another device.
 class FilmPlayer : public KivCore::KivPlayer {
@@ -10,4 +10,4 @@ public:
     bool allowsAirPlay() const override { return true; }
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 enum class SeekPrecision {
     /// The nearest picture that can be had quickly.
@@ -66,4 +66,4 @@ public:
     virtual void retry() = 0;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -65,4 +65,4 @@ std::string reasonSentenceOf(const PlaybackError& error) {
     return error.reason.empty() ? sentenceOf(error) : sentence(error.reason);
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

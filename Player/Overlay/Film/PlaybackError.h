@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// What went wrong with a film or its player. Each reader makes its own words of it.
 struct PlaybackError {
@@ -44,4 +44,4 @@ std::string sentenceOf(const PlaybackError& error);
 /// The reason alone as a sentence, for where there is room for no more: "No such file."
 std::string reasonSentenceOf(const PlaybackError& error);
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

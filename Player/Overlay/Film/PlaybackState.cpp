@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 bool isPlayable(const PlaybackState& state) {
     return !state.error || state.error->kind == PlaybackError::Kind::Interrupted;
@@ -21,4 +21,4 @@ double nearestPlace(const PlaybackState& state, double time) {
     return nearest;
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

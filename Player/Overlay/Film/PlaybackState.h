@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 enum class TrackKind { Audio, Subtitle };
 
@@ -105,4 +105,4 @@ bool canSeek(const PlaybackState& state);
 /// The place nearest to `time` that the film can be sent to, in seconds.
 double nearestPlace(const PlaybackState& state, double time);
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

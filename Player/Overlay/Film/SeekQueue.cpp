@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 void SeekQueue::seek(double time, SeekPrecision precision) {
     const Request request{time, precision};
@@ -35,4 +35,4 @@ void SeekQueue::send(const Request& request) {
     playback_.seek(request.time, request.precision);
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

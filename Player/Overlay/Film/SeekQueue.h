@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// Sends a film to where the viewer wants it, one seek at a time: what is asked for while one is on its way
 /// waits, and only the newest does.
@@ -38,4 +38,4 @@ private:
     std::optional<Request> waiting_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -2,7 +2,7 @@
 
 #include "Platform/MediaPlayer/MPVolumeView.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using MediaPlayer::MPRoute;
 
@@ -27,4 +27,4 @@ void SoundRoutes::chooseRouteFromView(const std::shared_ptr<MediaPlayer::MPVolum
     choose_(view);
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -12,7 +12,7 @@ namespace UIKit {
 class UIView;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// Offers the devices that a film's sound can go to as routes.
 class SoundRoutes : public MediaPlayer::MPRouteProvider {
@@ -35,4 +35,4 @@ private:
     std::vector<AudioDevice> told_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

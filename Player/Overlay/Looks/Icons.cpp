@@ -8,7 +8,7 @@
 #include <initializer_list>
 #include <numbers>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -204,4 +204,4 @@ Icon emptyIcon() {
     return icon;
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

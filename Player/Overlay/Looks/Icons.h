@@ -6,7 +6,7 @@ namespace UIKit {
 class UIImage;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 // The pictures on the overlay's buttons: drawings of 24 by 24 points, each made once and shared. Straight
 // edges lie on even points, so that they are sharp at one and a half pixels a point too.
@@ -29,4 +29,4 @@ std::shared_ptr<UIKit::UIImage> tickIcon();
 /// As large as a tick, and nothing to see: it keeps the entries without one in line with those that have it.
 std::shared_ptr<UIKit::UIImage> emptyIcon();
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -69,4 +69,4 @@ void PlateView::drawRect(CGContext& context, const CGRect& /*rect*/) {
     context.fillRoundedRect(alignedToPixels(presentedBounds()), radius, plateColor);
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -8,7 +8,7 @@ namespace UIKit {
 class UILabel;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// What texts over the picture stand on. Lighter than black, for there may be no picture under it.
 inline constexpr CoreGraphics::CGColor plateColor{0.15, 0.15, 0.17, 0.9};
@@ -47,4 +47,4 @@ private:
     CoreGraphics::CGFloat tailWidth_ = 0.0;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

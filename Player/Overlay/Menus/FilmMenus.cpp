@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -142,4 +142,4 @@ std::vector<MenuEntry> FilmMenus::deviceEntries() const {
     return entries;
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 enum class MenuKind { Main, Speed, Audio, Subtitles, Chapters, AudioOutput };
 
@@ -59,4 +59,4 @@ private:
     Offer told_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -16,7 +16,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 using Foundation::make;
@@ -179,4 +179,4 @@ void MenuPresenter::setOpen(bool open) {
     }
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

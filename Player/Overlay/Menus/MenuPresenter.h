@@ -22,7 +22,7 @@ class UIView;
 class UIViewController;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// Shows the film's menus as pop-overs, one at a time, and leads from one to the next.
 class MenuPresenter : public Foundation::Adopting<Foundation::NSObject, KivUICore::UIEventObserver> {
@@ -75,4 +75,4 @@ private:
     std::shared_ptr<Foundation::NSTimer> next_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -11,7 +11,7 @@
 #include <optional>
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -153,4 +153,4 @@ void MessageView::layOutPlate() {
     button_->setFrame(buttonFrame(place, size));
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -15,7 +15,7 @@ class UIButton;
 class UIImage;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 class PlateView;
 
@@ -62,4 +62,4 @@ private:
     std::shared_ptr<KivUICore::Button> action_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -116,4 +116,4 @@ void NoticeView::fadeAway() {
         });
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

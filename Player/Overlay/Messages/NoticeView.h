@@ -9,7 +9,7 @@ namespace Foundation {
 class NSTimer;
 } // namespace Foundation
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 class PlateView;
 
@@ -51,4 +51,4 @@ private:
     bool isPassing_ = false;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

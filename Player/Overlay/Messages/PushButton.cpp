@@ -1,6 +1,6 @@
 #include "Player/Overlay/Messages/PushButton.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -12,4 +12,4 @@ void PushButton::drawRect(CGContext& context, const CGRect& rect) {
     UIButton::drawRect(context, rect);
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -2,7 +2,7 @@
 
 #include "Platform/UIKit/UIButton.h"
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// A button that can be told as one without being touched: it stands out from what is under it.
 class PushButton : public UIKit::UIButton {
@@ -10,4 +10,4 @@ public:
     void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

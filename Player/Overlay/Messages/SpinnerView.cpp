@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <numbers>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 
@@ -86,4 +86,4 @@ void SpinnerView::drawRect(CGContext& context, const CGRect& /*rect*/) {
     context.restoreState();
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -8,7 +8,7 @@ namespace Foundation {
 class NSTimer;
 } // namespace Foundation
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// Turning spokes on a dark disc: there is nothing to show yet. Hidden while it isn't animating, and at work
 /// only while it is and a window can show it. Takes no touches.
@@ -40,4 +40,4 @@ private:
     int leader_ = 0;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

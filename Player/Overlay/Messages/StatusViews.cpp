@@ -9,7 +9,7 @@
 
 #include <utility>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;
 using Foundation::make;
@@ -157,4 +157,4 @@ void StatusViews::showNextFilm(const std::optional<std::string>& name) {
     }
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

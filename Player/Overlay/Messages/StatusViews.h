@@ -16,7 +16,7 @@ namespace UIKit {
 class UIView;
 } // namespace UIKit
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 class MessageView;
 class NoticeView;
@@ -71,4 +71,4 @@ private:
     std::shared_ptr<Foundation::NSTimer> nextFilmTimer_;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

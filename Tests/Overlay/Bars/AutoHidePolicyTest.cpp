@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -138,4 +138,4 @@ TEST_F(AutoHidePolicyTest, HoldThatComesWhileTheBarsFadeInOutlastsTheFade) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

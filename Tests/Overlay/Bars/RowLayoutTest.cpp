@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -62,4 +62,4 @@ TEST(RowLayoutTest, NoItemsNeedNoRoom) { EXPECT_TRUE(layOut({}, 100.0).empty());
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

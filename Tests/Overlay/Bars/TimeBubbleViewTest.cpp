@@ -9,7 +9,7 @@
 #include <memory>
 #include <variant>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -126,4 +126,4 @@ TEST_F(TimeBubbleViewTest, LetsTouchesThrough) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -60,4 +60,4 @@ TEST(TimeDisplayTest, WidthHasRoomForTheLongestTime) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 /// A film that does at once what it is told, but for seeks, which the test lets arrive. Writes down what it
 /// is told.
@@ -104,4 +104,4 @@ public:
     int closed = 0;
 };
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

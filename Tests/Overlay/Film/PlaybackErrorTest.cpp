@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -60,4 +60,4 @@ TEST(PlaybackError, QuotedNameInAReasonIsNotTakenForTheFilms) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

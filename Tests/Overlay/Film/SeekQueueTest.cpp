@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -69,4 +69,4 @@ TEST_F(SeekQueueTest, SeekThatSomebodyElseBeganIsWaitedFor) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <variant>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -72,4 +72,4 @@ std::string describe(const CGDrawing& drawing) {
     return text;
 }
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -12,7 +12,7 @@
 #include <string>
 #include <variant>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -174,4 +174,4 @@ TEST(Icons, OnlyTheEmptyOneShowsNothing) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

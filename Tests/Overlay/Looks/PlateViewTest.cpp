@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -68,4 +68,4 @@ TEST_F(PlateViewTest, TailStaysFreeOfText) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -109,4 +109,4 @@ TEST_F(FilmMenusTest, TellsOnceOfEachChangeThatEntriesMayHave) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -13,7 +13,7 @@
 #include <set>
 #include <variant>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -325,4 +325,4 @@ TEST_F(PlayerMenuTest, MenuFitsIntoTheSmallestWindow) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -162,4 +162,4 @@ TEST_F(MessageViewTest, FollowsItsArea) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

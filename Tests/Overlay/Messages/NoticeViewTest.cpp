@@ -10,7 +10,7 @@
 #include <string>
 #include <variant>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -170,4 +170,4 @@ TEST_F(NoticeViewTest, IsNotKeptAliveByItsTimer) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -8,7 +8,7 @@
 #include <memory>
 #include <variant>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -37,4 +37,4 @@ TEST(PushButton, StandsOutByAPlateUnderItsTitle) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

@@ -7,7 +7,7 @@
 #include <optional>
 #include <variant>
 
-namespace Overlay {
+namespace KivUICore::Overlay {
 
 namespace {
 
@@ -126,4 +126,4 @@ TEST_F(SpinnerViewTest, LetsTouchesThrough) {
 
 } // namespace
 
-} // namespace Overlay
+} // namespace KivUICore::Overlay

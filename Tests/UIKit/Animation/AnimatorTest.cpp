@@ -69,7 +69,7 @@ protected:
         return {rects.begin(), rects.end()};
     }
 
-    Headless::HeadlessHost host{{100, 100}};
+    KivUICore::Headless::HeadlessHost host{{100, 100}};
     std::shared_ptr<UIView> view = makeView(CGRectMake(0, 0, 50, 50));
     Log log;
 };
@@ -503,11 +503,11 @@ TEST(AnimatorTeardownTest, LoopThatGoesLetsGoOfItsCompletionsUncalled) {
     auto view = makeView(CGRectMake(0, 0, 10, 10));
     const std::weak_ptr<UIView> weak = view;
     {
-        Headless::HeadlessHost host({100, 100});
+        KivUICore::Headless::HeadlessHost host({100, 100});
         UIView::animateWithDuration(
             1.0, 0.0, linear, [&] { view->setAlpha(0.0); }, [view, &calls](bool) { ++calls; });
     }
-    Headless::HeadlessHost next({100, 100});
+    KivUICore::Headless::HeadlessHost next({100, 100});
     next.window()->addSubview(view);
     next.advance(2.0);
     EXPECT_TRUE(next.draw()->operations().size() < 5u) << "the view shows its model: nothing";
@@ -552,7 +552,7 @@ TEST_F(AnimatorTest, ClosureMayTearDownWhatItAnimates) {
 }
 
 TEST_F(AnimatorTest, ClosureMayDestroyTheHost) {
-    auto other = std::make_unique<Headless::HeadlessHost>(CGSizeMake(10, 10));
+    auto other = std::make_unique<KivUICore::Headless::HeadlessHost>(CGSizeMake(10, 10));
     int calls = 0;
     UIView::animateWithDuration(
         1.0, 0.0, linear,

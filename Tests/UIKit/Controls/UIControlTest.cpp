@@ -64,7 +64,7 @@ protected:
         listeners.clear();
     }
 
-    Headless::HeadlessHost host{{200, 100}};
+    KivUICore::Headless::HeadlessHost host{{200, 100}};
     std::shared_ptr<TrackingControl> control = make<TrackingControl>(CGRectMake(10, 10, 50, 50));
     std::vector<std::shared_ptr<Listener>> listeners;
     std::function<void()> onEvent;

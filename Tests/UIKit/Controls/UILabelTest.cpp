@@ -14,7 +14,7 @@ namespace {
 using namespace CoreGraphics;
 using namespace UIKit;
 using Foundation::make;
-using Headless::HeadlessHost;
+using KivUICore::Headless::HeadlessHost;
 
 class UILabelTest : public testing::Test {
 protected:

@@ -17,7 +17,7 @@ namespace {
 using namespace CoreGraphics;
 using namespace UIKit;
 using Foundation::make;
-using Headless::HeadlessHost;
+using KivUICore::Headless::HeadlessHost;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

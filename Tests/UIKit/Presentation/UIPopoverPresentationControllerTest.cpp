@@ -88,7 +88,7 @@ protected:
         return presented->view()->convertRectToView(presented->view()->bounds(), *host.window());
     }
 
-    Headless::HeadlessHost host{{320, 240}};
+    KivUICore::Headless::HeadlessHost host{{320, 240}};
     std::shared_ptr<UIViewController> presenting = make<UIViewController>();
     std::shared_ptr<UIViewController> presented = make<UIViewController>();
     std::shared_ptr<PopoverDelegate> delegate = make<PopoverDelegate>();

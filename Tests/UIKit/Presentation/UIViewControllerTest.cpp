@@ -117,7 +117,7 @@ protected:
         return testing::internal::GetCapturedStderr();
     }
 
-    Headless::HeadlessHost host{{320, 240}};
+    KivUICore::Headless::HeadlessHost host{{320, 240}};
     std::shared_ptr<UIViewController> presenting = make<UIViewController>();
     std::shared_ptr<UIViewController> presented = make<UIViewController>();
     int completions = 0;

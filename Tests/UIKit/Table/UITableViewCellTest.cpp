@@ -31,7 +31,7 @@ protected:
         return std::nullopt;
     }
 
-    Headless::HeadlessHost host{{300, 200}};
+    KivUICore::Headless::HeadlessHost host{{300, 200}};
     std::shared_ptr<UITableViewCell> cell = make<UITableViewCell>(UITableViewCellStyle::Default, "row");
 };
 
@@ -145,7 +145,7 @@ TEST(UIImageViewTest, DrawsTheImageInTheMiddleAndSmallerWhereItDoesNotFit) {
 }
 
 TEST(UIImageViewTest, OnlyAnotherImageIsDrawnAgain) {
-    Headless::HeadlessHost host{{100, 100}};
+    KivUICore::Headless::HeadlessHost host{{100, 100}};
     const auto image = makeImage({20, 20});
     const auto view = make<UIImageView>(image);
     host.window()->addSubview(view);

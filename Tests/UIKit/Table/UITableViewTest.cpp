@@ -66,7 +66,7 @@ protected:
         return rows;
     }
 
-    Headless::HeadlessHost host{{300, 300}};
+    KivUICore::Headless::HeadlessHost host{{300, 300}};
     std::shared_ptr<ListSource> source = makeSource({});
     std::shared_ptr<UITableView> table =
         make<UITableView>(CGRectMake(10, 20, 200, 198), UITableViewStyle::Plain);

@@ -13,7 +13,7 @@ using namespace UIKit;
 
 TEST(UITouchTest, LocationIsGivenInAnyViewsCoordinates) {
     std::vector<CGPoint> locations;
-    Headless::HeadlessHost host({100, 100});
+    KivUICore::Headless::HeadlessHost host({100, 100});
     const auto view = makeProbe(CGRectMake(10, 20, 50, 50));
     const auto beside = makeProbe(CGRectMake(80, 80, 10, 10));
     beside->setTransform(CGAffineTransformMakeScale(2, 2));
@@ -40,7 +40,7 @@ TEST(UITouchTest, LocationInAViewWithoutAWindowIsTheOrigin) {
 }
 
 TEST(UITouchTest, CarriesTheRunLoopsTime) {
-    Headless::HeadlessHost host({100, 100});
+    KivUICore::Headless::HeadlessHost host({100, 100});
     const auto view = makeProbe(CGRectMake(0, 0, 100, 100));
     host.window()->addSubview(view);
     std::vector<double> times;

@@ -19,7 +19,7 @@ std::shared_ptr<UIView> plain() { return make<UIView>(CGRectMake(0, 0, 10, 10));
 
 class UIViewTest : public testing::Test {
 protected:
-    Headless::VirtualClock clock;
+    KivUICore::Headless::VirtualClock clock;
     Foundation::NSRunLoop loop{clock};
     std::shared_ptr<UIWindow> window = make<UIWindow>(CGRectMake(0, 0, 100, 100));
     std::shared_ptr<UIView> parent = make<UIView>(CGRectMake(0, 0, 100, 100));

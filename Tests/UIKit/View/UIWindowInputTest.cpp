@@ -27,7 +27,7 @@ protected:
         log.clear();
     }
 
-    Headless::HeadlessHost host{{100, 100}};
+    KivUICore::Headless::HeadlessHost host{{100, 100}};
     UIWindow& window = *host.window();
     std::shared_ptr<ProbeView> outer = makeProbe(CGRectMake(0, 0, 80, 80), "outer ");
     std::shared_ptr<ProbeView> inner = makeProbe(CGRectMake(40, 0, 40, 80), "inner ");

@@ -33,7 +33,7 @@ protected:
         host.draw();
     }
 
-    Headless::HeadlessHost host{{100, 100}};
+    KivUICore::Headless::HeadlessHost host{{100, 100}};
     UIWindow& window = *host.window();
     std::shared_ptr<UIView> view = makeView(CGRectMake(10, 10, 20, 20));
 };
@@ -44,7 +44,7 @@ using UIWindowDeathTest = UIWindowTest;
 // Damage
 
 TEST(UIWindowInitialTest, NeedsAllOfItsDisplayAtFirst) {
-    Headless::HeadlessHost host({100, 50});
+    KivUICore::Headless::HeadlessHost host({100, 50});
     ASSERT_TRUE(host.window()->needsDisplay());
     EXPECT_EQ(host.window()->damage().rects()[0], CGRectMake(0, 0, 100, 50));
     host.draw();

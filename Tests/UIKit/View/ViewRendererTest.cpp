@@ -46,7 +46,7 @@ protected:
         return result;
     }
 
-    Headless::HeadlessHost host{{100, 100}};
+    KivUICore::Headless::HeadlessHost host{{100, 100}};
 };
 
 TEST_F(ViewRendererTest, DrawsBackgroundContentAndSubviewsInThisOrder) {

@@ -1,10 +1,10 @@
 #include "Player/Desktop/PlayerApplication.h"
 
 #include "Platform/UIKit/UIWindow.h"
+#include "Player/Desktop/AudioDeviceProbe.h"
 #include "Player/Desktop/ErrorLine.h"
 #include "Player/Desktop/FilmLocation.h"
 #include "Player/Desktop/SocketFile.h"
-#include "Player/Desktop/SoundOutput.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -30,7 +30,7 @@ Drawing drawing(Options::Drawing wanted) {
 
 MpvPlayback::Settings playbackSettings(const Options& options) {
     return {.start = MpvPlayback::Start::Running,
-            .sound = hasSoundOutput() ? MpvPlayback::Sound::Played : MpvPlayback::Sound::Discarded,
+            .sound = hasAudioDevice() ? MpvPlayback::Sound::Played : MpvPlayback::Sound::Discarded,
             .isMuted = options.sound == Options::Sound::Muted};
 }
 

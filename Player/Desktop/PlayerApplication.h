@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Hosts/SDL/DesktopClock.h"
 #include "Hosts/SDL/DesktopWindow.h"
 #include "Hosts/SDL/EventLoop.h"
+#include "Hosts/SDL/SteadyClock.h"
 #include "Hosts/SDL/WindowDelegate.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Player/Desktop/Exit.h"
@@ -48,7 +48,7 @@ private:
     void close() override;
 
     Options options_;
-    SDL::DesktopClock clock_;
+    SDL::SteadyClock clock_;
     Foundation::NSRunLoop runLoop_{clock_};
     MpvPlayback playback_;
     MpvPicture picture_{playback_};

@@ -1,8 +1,8 @@
 #include "Player/Overlay/PlayerOverlay.h"
 
 #include "Platform/UIKit/UIViewController.h"
-#include "Player/Overlay/Film/SoundRoutes.h"
-#include "Player/Overlay/FilmView.h"
+#include "Player/Overlay/Film/AudioDeviceRoutes.h"
+#include "Player/Overlay/HostView.h"
 #include "Player/Overlay/KeyCommand.h"
 #include "Player/Overlay/Menus/MenuPresenter.h"
 #include "Player/Overlay/WindowControls.h"
@@ -22,12 +22,12 @@ constexpr double seekStep = 5.0;
 constexpr double volumeStep = 0.05;
 constexpr double percent = 100.0;
 
-std::shared_ptr<FilmView> fill(UIKit::UIView& root) {
-    std::shared_ptr<FilmView> picture = make<FilmView>(root.bounds());
-    picture->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth |
-                                 UIKit::UIViewAutoresizingFlexibleHeight);
-    root.addSubview(picture);
-    return picture;
+std::shared_ptr<HostView> fill(UIKit::UIView& root) {
+    std::shared_ptr<HostView> view = make<HostView>(root.bounds());
+    view->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth |
+                              UIKit::UIViewAutoresizingFlexibleHeight);
+    root.addSubview(view);
+    return view;
 }
 
 std::shared_ptr<UIKit::UIViewController> controllerOf(const std::shared_ptr<UIKit::UIView>& view) {
@@ -40,12 +40,12 @@ std::shared_ptr<UIKit::UIViewController> controllerOf(const std::shared_ptr<UIKi
 
 PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playback& playback,
                              WindowControls& window)
-    : playback_(playback), window_(window), film_(playback), menus_(playback, film_), picture_(fill(*root)),
-      hostView_(picture_), controller_(controllerOf(picture_)),
+    : playback_(playback), window_(window), film_(playback), menus_(playback, film_), hostView_(fill(*root)),
+      controller_(controllerOf(hostView_)),
       menu_(
           make<MenuPresenter>(controller_, menus_, [this] { policy_.setHold(Hold::Menu, menu_->isOpen()); })),
-      routes_(std::make_shared<SoundRoutes>(
-          playback, [this](const auto& anchor) { openMenu(MenuKind::AudioOutput, anchor); })),
+      routes_(std::make_shared<AudioDeviceRoutes>(
+          playback, [this](const auto& anchor) { openMenu(MenuKind::AudioDevices, anchor); })),
       status_(
           hostView_, [this] { playback_.retry(); }, [this] { playback_.cancelOpening(); }),
       title_(
@@ -59,8 +59,8 @@ PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playbac
                                                   UIKit::UIViewAutoresizingFlexibleTopMargin);
     title_.bar()->setFadeHandler([this] { barsDidFade(); });
     transport_.bar()->setFadeHandler([this] { barsDidFade(); });
-    picture_->setTouchHandler([this] { policy_.noteActivity(); });
-    picture_->setDoubleTapHandler([this] { toggleFullScreen(); });
+    hostView_->setTouchHandler([this] { policy_.noteActivity(); });
+    hostView_->setDoubleTapHandler([this] { toggleFullScreen(); });
     MediaPlayer::MPRouteProvider::install(routes_, hostView_);
     playback_.setChangeHandler([this] { playbackDidChange(); });
     layOutBetweenBars();
@@ -72,6 +72,8 @@ PlayerOverlay::~PlayerOverlay() {
     menu_->close();
     hostView_->removeFromSuperview();
 }
+
+std::shared_ptr<UIKit::UIView> PlayerOverlay::hostView() const { return hostView_; }
 
 CGFloat PlayerOverlay::bottomInset() { return KivUICore::KivBar::barHeight(); }
 

@@ -20,10 +20,10 @@ struct UIKey;
 
 namespace KivUICore::Overlay {
 
-class FilmView;
+class HostView;
 struct KeyCommand;
 class MenuPresenter;
-class SoundRoutes;
+class AudioDeviceRoutes;
 class WindowControls;
 
 /// All that lies over a film: the bars with their controls, and what there is to say. A host hands in
@@ -40,7 +40,7 @@ public:
     /// Points at the bottom of the picture that the overlay covers.
     static CoreGraphics::CGFloat bottomInset();
 
-    const std::shared_ptr<UIKit::UIView>& hostView() const { return hostView_; }
+    std::shared_ptr<UIKit::UIView> hostView() const;
     const TitleControls& titleControls() const { return title_; }
     const TransportControls& transportControls() const { return transport_; }
     const ScrubBubble& scrubBubble() const { return bubble_; }
@@ -91,11 +91,10 @@ private:
     WindowControls& window_;
     FilmCommands film_;
     FilmMenus menus_;
-    std::shared_ptr<FilmView> picture_;
-    std::shared_ptr<UIKit::UIView> hostView_;
+    std::shared_ptr<HostView> hostView_;
     std::shared_ptr<UIKit::UIViewController> controller_;
     std::shared_ptr<MenuPresenter> menu_;
-    std::shared_ptr<SoundRoutes> routes_;
+    std::shared_ptr<AudioDeviceRoutes> routes_;
     StatusViews status_;
     TitleControls title_;
     TransportControls transport_;

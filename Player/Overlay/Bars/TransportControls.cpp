@@ -6,10 +6,10 @@
 #include "Platform/MediaPlayer/MPVolumeView.h"
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UIWindow.h"
+#include "Player/Overlay/Bars/RoutedPlayer.h"
 #include "Player/Overlay/Bars/ScrubObserver.h"
 #include "Player/Overlay/Bars/TimeLabel.h"
 #include "Player/Overlay/Bars/TrackSlider.h"
-#include "Player/Overlay/Film/FilmPlayer.h"
 #include "Player/Overlay/Film/PlaybackState.h"
 #include "Player/Overlay/Looks/Icons.h"
 
@@ -36,7 +36,7 @@ TransportControls::TransportControls(const std::shared_ptr<UIKit::UIView>& host,
       mute_(makeButton(actions.toggleMute)), fullScreen_(makeButton(actions.toggleFullScreen)),
       bar_(make<RowBar<BottomBar>>(host)) {
     const ScrubObserver::Handlers handlers{actions.beganScrubbing, actions.scrubbed, actions.endedScrubbing};
-    seekBar_ = make<KivUICore::SeekBar>(slider_, make<ScrubObserver>(handlers), make<FilmPlayer>());
+    seekBar_ = make<KivUICore::SeekBar>(slider_, make<ScrubObserver>(handlers), make<RoutedPlayer>());
     seekBar_->disable();
     length_.view()->setPressHandler([this] {
         lengthShown_ = lengthShown_ == LengthShown::Duration ? LengthShown::Remaining : LengthShown::Duration;

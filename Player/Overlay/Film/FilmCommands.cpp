@@ -10,7 +10,7 @@ double FilmCommands::position() const {
     if (state.isOpening && !wish_.fraction) {
         return std::max(0.0, state.position + wish_.seconds);
     }
-    return seeks_.target().value_or(state.hasEnded ? endPosition() : state.position);
+    return latestSeek_.target().value_or(state.hasEnded ? endPosition() : state.position);
 }
 
 // The last picture stands a little before the end. A film that breaks off long before is at the break, and
@@ -39,7 +39,7 @@ void FilmCommands::seek(double time, SeekPrecision precision) {
     const PlaybackState& state = playback_.state();
     if (canSeek(state)) {
         steps_ = 0;
-        seeks_.seek(nearestPlace(state, time), precision);
+        latestSeek_.seek(nearestPlace(state, time), precision);
     }
 }
 
@@ -72,10 +72,10 @@ void FilmCommands::stepFrame(Direction direction) {
 void FilmCommands::playbackDidChange() {
     const bool isOpening = playback_.state().isOpening;
     if (isOpening && !wasOpening_) {
-        seeks_.forget();
+        latestSeek_.forget();
     }
     wasOpening_ = isOpening;
-    seeks_.playbackDidChange();
+    latestSeek_.playbackDidChange();
     if (!isOpening) {
         fulfilWish();
     }
@@ -99,7 +99,7 @@ void FilmCommands::fulfilWish() {
 }
 
 bool FilmCommands::isOnItsWay() const {
-    return playback_.state().isOpening || playback_.state().isSeeking || seeks_.target();
+    return playback_.state().isOpening || playback_.state().isSeeking || latestSeek_.target();
 }
 
 // A film that is on its way would lose them.

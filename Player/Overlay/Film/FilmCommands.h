@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Player/Overlay/Film/SeekQueue.h"
+#include "Player/Overlay/Film/LatestSeek.h"
 
 #include <optional>
 
@@ -11,7 +11,7 @@ namespace KivUICore::Overlay {
 class FilmCommands {
 public:
     /// `playback` outlives the commands.
-    explicit FilmCommands(Playback& playback) : playback_(playback), seeks_(playback) {}
+    explicit FilmCommands(Playback& playback) : playback_(playback), latestSeek_(playback) {}
 
     /// Where the film is in seconds, or will be once the seeks that were asked for are done.
     double position() const;
@@ -47,7 +47,7 @@ private:
     void makeSteps();
 
     Playback& playback_;
-    SeekQueue seeks_;
+    LatestSeek latestSeek_;
     Wish wish_;
 
     bool wasOpening_ = false;

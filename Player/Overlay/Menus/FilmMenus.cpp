@@ -32,13 +32,13 @@ std::vector<MenuEntry> FilmMenus::entries(MenuKind kind) const {
         return mainEntries();
     case MenuKind::Speed:
         return speedEntries();
-    case MenuKind::Audio:
+    case MenuKind::AudioTracks:
         return trackEntries(TrackKind::Audio);
     case MenuKind::Subtitles:
         return trackEntries(TrackKind::Subtitle);
     case MenuKind::Chapters:
         return chapterEntries();
-    case MenuKind::AudioOutput:
+    case MenuKind::AudioDevices:
         return deviceEntries();
     }
     return {};
@@ -75,7 +75,7 @@ std::vector<MenuEntry> FilmMenus::mainEntries() const {
     const auto leadTo = [](const char* text, MenuKind kind) { return MenuEntry{text, false, kind, nullptr}; };
     std::vector<MenuEntry> entries{leadTo("Speed", MenuKind::Speed)};
     if (hasTracks(TrackKind::Audio)) {
-        entries.push_back(leadTo("Audio track", MenuKind::Audio));
+        entries.push_back(leadTo("Audio track", MenuKind::AudioTracks));
     }
     if (hasTracks(TrackKind::Subtitle)) {
         entries.push_back(leadTo("Subtitles", MenuKind::Subtitles));

@@ -10,7 +10,7 @@
 
 namespace KivUICore::Overlay {
 
-enum class MenuKind { Main, Speed, Audio, Subtitles, Chapters, AudioOutput };
+enum class MenuKind { Main, Speed, AudioTracks, Subtitles, Chapters, AudioDevices };
 
 /// A line of a menu: it opens another menu, or does something.
 struct MenuEntry {
@@ -28,7 +28,7 @@ public:
     /// Both outlive the menus and what their entries do.
     FilmMenus(Playback& playback, FilmCommands& film) : playback_(playback), film_(film) {}
 
-    /// The main menu leads to the others, but for the one of sound devices, as far as there is something to
+    /// The main menu leads to the others, but for the one of audio devices, as far as there is something to
     /// choose in them.
     std::vector<MenuEntry> entries(MenuKind kind) const;
 

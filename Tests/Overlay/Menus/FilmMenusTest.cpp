@@ -60,8 +60,8 @@ TEST_F(FilmMenusTest, AudioTracksAreThoseOfTheFilm) {
     playback.now.tracks = {{TrackKind::Audio, 1, "English", false},
                            {TrackKind::Subtitle, 1, "English", true},
                            {TrackKind::Audio, 5, "العربية", true}};
-    EXPECT_EQ(lines(MenuKind::Audio), (Story{"English", "*العربية"}));
-    EXPECT_EQ(choose(MenuKind::Audio, 1), Story{"audio 5"});
+    EXPECT_EQ(lines(MenuKind::AudioTracks), (Story{"English", "*العربية"}));
+    EXPECT_EQ(choose(MenuKind::AudioTracks, 1), Story{"audio 5"});
 }
 
 TEST_F(FilmMenusTest, SubtitlesCanBeSwitchedOff) {

@@ -1,10 +1,10 @@
-#include "Player/Overlay/Film/SeekQueue.h"
+#include "Player/Overlay/Film/LatestSeek.h"
 
 #include <utility>
 
 namespace KivUICore::Overlay {
 
-void SeekQueue::seek(double time, SeekPrecision precision) {
+void LatestSeek::seek(double time, SeekPrecision precision) {
     const Request request{time, precision};
     if (playback_.state().isSeeking) {
         waiting_ = request;
@@ -13,12 +13,12 @@ void SeekQueue::seek(double time, SeekPrecision precision) {
     }
 }
 
-void SeekQueue::forget() {
+void LatestSeek::forget() {
     sent_.reset();
     waiting_.reset();
 }
 
-void SeekQueue::playbackDidChange() {
+void LatestSeek::playbackDidChange() {
     if (playback_.state().isSeeking) {
         return;
     }
@@ -28,9 +28,9 @@ void SeekQueue::playbackDidChange() {
     }
 }
 
-std::optional<double> SeekQueue::target() const { return waiting_ ? waiting_->time : sent_; }
+std::optional<double> LatestSeek::target() const { return waiting_ ? waiting_->time : sent_; }
 
-void SeekQueue::send(const Request& request) {
+void LatestSeek::send(const Request& request) {
     sent_ = request.time;
     playback_.seek(request.time, request.precision);
 }

@@ -1,4 +1,4 @@
-#include "Player/Overlay/FilmView.h"
+#include "Player/Overlay/HostView.h"
 
 #include <cmath>
 #include <utility>
@@ -25,7 +25,7 @@ UITouch withoutView(UITouch touch) {
 
 } // namespace
 
-void FilmView::touchesBegan(const UITouch& touch) {
+void HostView::touchesBegan(const UITouch& touch) {
     // One that a bar handed on is not meant for the picture.
     down_ = touch.view.get() == this ? std::optional(withoutView(touch)) : std::nullopt;
     if (const std::function<void()> handler = onTouch_) {
@@ -33,7 +33,7 @@ void FilmView::touchesBegan(const UITouch& touch) {
     }
 }
 
-void FilmView::touchesEnded(const UITouch& touch) {
+void HostView::touchesEnded(const UITouch& touch) {
     const std::optional<UITouch> down = std::exchange(down_, std::nullopt);
     const std::optional<UITouch> before = std::exchange(lastTap_, std::nullopt);
     if (!down || down->identifier != touch.identifier || !isNear(*down, touch)) {
@@ -46,7 +46,7 @@ void FilmView::touchesEnded(const UITouch& touch) {
     }
 }
 
-void FilmView::touchesCancelled(const UITouch& /*touch*/) {
+void HostView::touchesCancelled(const UITouch& /*touch*/) {
     down_.reset();
     lastTap_.reset();
 }

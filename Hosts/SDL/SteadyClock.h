@@ -4,8 +4,8 @@
 
 namespace KivUICore::SDL {
 
-/// The machine's own clock, which only ever goes forwards.
-class DesktopClock final : public Foundation::Clock {
+/// The machine's steady clock, which only ever goes forwards.
+class SteadyClock final : public Foundation::Clock {
 public:
     double now() const override;
 };

@@ -8,8 +8,8 @@
 
 namespace KivUICore::Overlay {
 
-/// The area of the picture, which holds the bars and hears the touches beside them.
-class FilmView : public UIKit::UIView {
+/// The host view of the bars: it covers the picture and hears the touches beside them.
+class HostView : public UIKit::UIView {
 public:
     /// Called when a touch goes down, on the picture or on a bar between its controls.
     void setTouchHandler(std::function<void()> handler) { onTouch_ = std::move(handler); }

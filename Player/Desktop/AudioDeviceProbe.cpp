@@ -1,4 +1,4 @@
-#include "Player/Desktop/SoundOutput.h"
+#include "Player/Desktop/AudioDeviceProbe.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -15,7 +15,7 @@ bool isThere(const std::filesystem::path& path) {
 
 } // namespace
 
-bool hasSoundOutput() {
+bool hasAudioDevice() {
     if (isThere("/dev/snd") || std::getenv("PULSE_SERVER") || std::getenv("PIPEWIRE_REMOTE")) {
         return true;
     }

@@ -8,10 +8,10 @@ namespace KivUICore::Overlay {
 
 /// Sends a film to where the viewer wants it, one seek at a time: what is asked for while one is on its way
 /// waits, and only the newest does.
-class SeekQueue {
+class LatestSeek {
 public:
-    /// `playback` outlives the queue.
-    explicit SeekQueue(Playback& playback) : playback_(playback) {}
+    /// `playback` outlives this.
+    explicit LatestSeek(Playback& playback) : playback_(playback) {}
 
     /// `time` in seconds.
     void seek(double time, SeekPrecision precision);

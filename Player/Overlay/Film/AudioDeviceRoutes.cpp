@@ -1,4 +1,4 @@
-#include "Player/Overlay/Film/SoundRoutes.h"
+#include "Player/Overlay/Film/AudioDeviceRoutes.h"
 
 #include "Platform/MediaPlayer/MPVolumeView.h"
 
@@ -6,14 +6,14 @@ namespace KivUICore::Overlay {
 
 using MediaPlayer::MPRoute;
 
-void SoundRoutes::playbackDidChange() {
+void AudioDeviceRoutes::playbackDidChange() {
     if (told_ != playback_.state().audioDevices) {
         told_ = playback_.state().audioDevices;
         routesDidChange();
     }
 }
 
-std::vector<MPRoute> SoundRoutes::routes() const {
+std::vector<MPRoute> AudioDeviceRoutes::routes() const {
     std::vector<MPRoute> routes;
     for (const AudioDevice& device : playback_.state().audioDevices) {
         routes.push_back({device.name, device.identifier, device.isSelected});
@@ -21,9 +21,11 @@ std::vector<MPRoute> SoundRoutes::routes() const {
     return routes;
 }
 
-void SoundRoutes::selectRoute(const std::string& identifier) { playback_.selectAudioDevice(identifier); }
+void AudioDeviceRoutes::selectRoute(const std::string& identifier) {
+    playback_.selectAudioDevice(identifier);
+}
 
-void SoundRoutes::chooseRouteFromView(const std::shared_ptr<MediaPlayer::MPVolumeView>& view) {
+void AudioDeviceRoutes::chooseRouteFromView(const std::shared_ptr<MediaPlayer::MPVolumeView>& view) {
     choose_(view);
 }
 

@@ -4,8 +4,9 @@
 
 namespace KivUICore::Overlay {
 
-/// The film as the seek bar sees it: one whose sound may go to another device.
-class FilmPlayer : public KivCore::KivPlayer {
+/// What the seek bar knows of the player: its sound may go to other audio devices, which are routes to the
+/// bar.
+class RoutedPlayer : public KivCore::KivPlayer {
 public:
     bool allowsAirPlay() const override { return true; }
 };

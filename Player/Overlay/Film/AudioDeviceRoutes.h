@@ -14,13 +14,13 @@ class UIView;
 
 namespace KivUICore::Overlay {
 
-/// Offers the devices that a film's sound can go to as routes.
-class SoundRoutes : public MediaPlayer::MPRouteProvider {
+/// Offers the audio devices that a film's sound can go to as routes of the route button.
+class AudioDeviceRoutes : public MediaPlayer::MPRouteProvider {
 public:
     using Choose = std::function<void(const std::shared_ptr<UIKit::UIView>& anchor)>;
 
     /// `choose` lets the viewer choose. `playback` outlives the routes.
-    SoundRoutes(Playback& playback, Choose choose) : playback_(playback), choose_(std::move(choose)) {}
+    AudioDeviceRoutes(Playback& playback, Choose choose) : playback_(playback), choose_(std::move(choose)) {}
 
     /// Call it after each change of the playback's state.
     void playbackDidChange();

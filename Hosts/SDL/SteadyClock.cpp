@@ -1,10 +1,10 @@
-#include "Hosts/SDL/DesktopClock.h"
+#include "Hosts/SDL/SteadyClock.h"
 
 #include <chrono>
 
 namespace KivUICore::SDL {
 
-double DesktopClock::now() const {
+double SteadyClock::now() const {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 

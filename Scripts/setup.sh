@@ -59,10 +59,11 @@ require_packages() {
         apt-get -o DPkg::Lock::Timeout=300 install -y --no-install-recommends $missing
 }
 
-# build_preset PRESET [TARGET]: configures once, then builds when something changed.
+# build_preset PRESET [TARGET...]: configures once, then builds when something changed.
 build_preset() {
     preset=$1
-    target=${2:-all}
+    shift
+    [ $# -gt 0 ] || set -- all
     folder=$root/build/$preset
     # A checkout that was moved keeps a cache that names the old place and cannot be used.
     if [ -f "$folder/CMakeCache.txt" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$folder/CMakeCache.txt"
@@ -72,11 +73,11 @@ build_preset() {
     if [ ! -f "$folder/build.ninja" ]; then
         run_logged "$root/build/$preset-configure.log" cmake -S "$root" --preset "$preset"
     fi
-    if ninja -C "$folder" -n "$target" 2>&1 | grep -qF 'no work to do'; then
+    if ninja -C "$folder" -n "$@" 2>&1 | grep -qF 'no work to do'; then
         return 0
     fi
     say "building ($preset); the first time takes a few minutes"
-    run_logged "$root/build/$preset-build.log" cmake --build "$folder" --target "$target"
+    run_logged "$root/build/$preset-build.log" cmake --build "$folder" --target "$@"
 }
 
 # Lists of Debian packages, to be passed unquoted.

@@ -1,52 +1,25 @@
 #!/bin/sh
 # Tests what ./play decides: what it installs, builds and makes, and what it hands to the player. The commands that
 # it calls are replaced by ones that write down how they were called: play.sh SOURCE WORK [KIVPLAYER]
+# shellcheck source=Tests/Project/scripts.sh
 # shellcheck disable=SC2016 # the replaced commands expand their own arguments
 set -eu
 source=$1
 work=$2
 player=${3:-}
-failures=0
+. "$source/Tests/Project/scripts.sh"
 
 # Sets up a checkout in which everything is installed and built.
 fresh_checkout() {
-    rm -rf "${work:?}"
-    mkdir -p "$work/bin" "$work/checkout/Player/Desktop" "$work/checkout/build/release/Player/Desktop"
-    cp -R "$source/play" "$source/Scripts" "$work/checkout"
-    root=$(cd "$work/checkout" && pwd -P)
-    : >"$root/build/release/build.ninja"
-    echo "CMAKE_HOME_DIRECTORY:INTERNAL=$root" >"$root/build/release/CMakeCache.txt"
-
-    command_that dpkg-query 'printf installed'
-    command_that ninja 'echo "ninja: no work to do."'
-    command_that cmake 'echo "cmake $*" >>"$CALLS"'
-    command_that apt-get 'echo "apt-get $*" >>"$CALLS"'
-    command_that sudo 'case $1 in -v) ;; *) "$@" ;; esac'
+    bare_checkout play
+    configured_preset release
+    mkdir -p "$root/Player/Desktop" "$root/build/release/Player/Desktop"
     script "$root/Player/Desktop/make-sample" 'echo make-sample >>"$CALLS"; : >"$1"'
     script "$root/build/release/Player/Desktop/kivplayer" 'for each; do echo "[$each]"; done; exit "${PLAYER_EXIT:-0}"'
-    CALLS=$root/calls
-    export CALLS
-    : >"$CALLS"
-}
-
-script() {
-    printf '#!/bin/sh\n%s\n' "$2" >"$1"
-    chmod +x "$1"
-}
-
-command_that() {
-    script "$work/bin/$1" "$2"
 }
 
 play() {
     (cd "$work" && PATH="$work/bin:$PATH" "$root/play" "$@" 2>"$root/errors")
-}
-
-# expect WHAT ACTUAL EXPECTED
-expect() {
-    [ "$2" = "$3" ] && return
-    printf 'FAILED: %s\n  got:      %s\n  expected: %s\n' "$1" "$2" "$3"
-    failures=$((failures + 1))
 }
 
 # plays WHAT EXPECTED [arguments of play]

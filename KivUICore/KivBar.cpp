@@ -4,6 +4,7 @@
 #include "KivUICore/UIElement/UIElement.h"
 #include "Platform/Foundation/ClassBuilder.h"
 #include "Platform/Foundation/FatalError.h"
+#include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/Foundation/ScopeExit.h"
 #include "Platform/MediaPlayer/MPVolumeView.h"
 #include "Platform/UIKit/UIColor.h"
@@ -250,6 +251,7 @@ void KivBar::setAutoHide(double delay) {
     static const Foundation::SEL hide("hide");
     const std::shared_ptr<NSObject> alive = weak_from_this().lock();
     setDelay(delay);
+    const Foundation::NSRunLoop::Scope current(view_ ? &view_->runLoop() : nullptr);
     setAutoHideTimer(NSTimer::scheduledTimerWithTimeInterval(delay, alive, hide, nullptr, false));
 }
 

@@ -11,7 +11,11 @@ namespace Foundation {
 
 namespace {
 
-NSRunLoop* current = nullptr;
+NSRunLoop* newest = nullptr;
+NSRunLoop::Scope* innermost = nullptr;
+
+// Of all that makes a loop the current one: the later goes before.
+std::uint64_t newestOrder = 0;
 
 // In seconds, some thirty years: a longer jump is a mistake of the clock, and would cost time its precision.
 constexpr double longestJump = 1e9;
@@ -24,15 +28,24 @@ void NSRunLoop::Timer::enqueue(NSRunLoop& loop, double time) {
 
 void NSRunLoop::Timer::dequeue(NSRunLoop& loop) { loop.timers_.remove(*this); }
 
-NSRunLoop::NSRunLoop(const Clock& clock) : clock_(clock), previous_(current), origin_(clock.now()) {
-    current = this;
+NSRunLoop::Scope::Scope(NSRunLoop* loop) : loop_(loop), outer_(innermost), order_(++newestOrder) {
+    innermost = this;
+}
+
+NSRunLoop::Scope::~Scope() { innermost = outer_; }
+
+NSRunLoop::NSRunLoop(const Clock& clock)
+    : clock_(clock), previous_(newest), order_(++newestOrder), self_(this, [](NSRunLoop* /*loop*/) {}),
+      origin_(clock.now()) {
+    newest = this;
 }
 
 NSRunLoop::~NSRunLoop() {
     if (isTurning_) {
         fatalError("The run loop is destroyed from inside one of its own turns");
     }
-    // While the loop is still the current one: what is let go here may look for it, and may schedule anew.
+    // What is let go here may look for the loop, and may schedule anew.
+    const Scope current(this);
     while (timers_.first() || !sources_.empty()) {
         if (Timer* timer = firstTimer()) {
             timer->loopEnds();
@@ -41,18 +54,36 @@ NSRunLoop::~NSRunLoop() {
             sources_.pop_back();
         }
     }
-    NSRunLoop** link = &current;
+    self_.reset();
+    for (Scope* scope = innermost; scope; scope = scope->outer_) {
+        scope->loop_ = scope->loop_ == this ? nullptr : scope->loop_;
+    }
+    NSRunLoop** link = &newest;
     while (*link != this) {
         link = &(*link)->previous_;
     }
     *link = previous_;
 }
 
+NSRunLoop* NSRunLoop::findCurrent() {
+    const Scope* scope = innermost;
+    while (scope && !scope->loop_) {
+        scope = scope->outer_;
+    }
+    return scope && scope->order_ > newest->order_ ? scope->loop_ : newest;
+}
+
 NSRunLoop& NSRunLoop::currentRunLoop() {
+    NSRunLoop* current = findCurrent();
     if (!current) {
         fatalError("There is no run loop: a host makes one before timers and animations are used");
     }
     return *current;
+}
+
+std::weak_ptr<NSRunLoop> NSRunLoop::weakCurrentRunLoop() {
+    const NSRunLoop* current = findCurrent();
+    return current ? current->self_ : std::weak_ptr<NSRunLoop>();
 }
 
 double NSRunLoop::now() const {
@@ -85,6 +116,7 @@ void NSRunLoop::turn() {
     }
     now();
     isTurning_ = true;
+    const Scope current(this);
     const ScopeExit end([this] { isTurning_ = false; });
     fireTimers();
     turnSources();

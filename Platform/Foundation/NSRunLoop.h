@@ -3,6 +3,7 @@
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/TimerQueue.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <typeinfo>
@@ -12,7 +13,8 @@ namespace Foundation {
 
 /// Runs what is due: timers, and sources of work such as animations. A host makes one, which is the current
 /// one from then on until it is destroyed (the one before it is current again), and calls `turn` when
-/// `timeUntilNextWork` has passed. Everything happens on the calling thread. Time is the loop's own: it
+/// `timeUntilNextWork` has passed. Where there are several, each is the current one during its turns, and
+/// while a Scope says so. Everything happens on the calling thread. Time is the loop's own: it
 /// starts at 0 and never goes backwards, whatever the clock does. Readings that are no time are left out, and
 /// so are jumps of decades.
 class NSRunLoop {
@@ -51,6 +53,24 @@ public:
         virtual void loopEnds() = 0;
     };
 
+    /// Makes a loop the current one for as long as the scope is there. Scopes nest.
+    class Scope {
+    public:
+        /// Changes nothing where there is no loop.
+        explicit Scope(NSRunLoop* loop);
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+        ~Scope();
+
+    private:
+        friend class NSRunLoop;
+
+        // Cleared when the loop goes first.
+        NSRunLoop* loop_;
+        Scope* outer_;
+        std::uint64_t order_;
+    };
+
     /// What is due in so many seconds is due: times are sums, and rounded. A host that waits until a certain
     /// time thus finds all the work of that time there.
     static constexpr double tolerance = 1e-7;
@@ -63,8 +83,12 @@ public:
     /// Invalidates the timers that are still scheduled. Must not be destroyed from inside a turn.
     ~NSRunLoop();
 
-    /// The loop made last and still alive. Without one, a fatal report.
+    /// Of the loops that are alive the one that was made last, or whose scope or turn began last and still
+    /// goes on. Without one, a fatal report.
     static NSRunLoop& currentRunLoop();
+
+    /// The same, held weakly; empty without one.
+    static std::weak_ptr<NSRunLoop> weakCurrentRunLoop();
 
     /// Seconds since the loop was made. Stands still during a turn, so that what happens in one turn happens
     /// at one time.
@@ -89,8 +113,13 @@ private:
     void fireTimers();
     void turnSources();
 
+    static NSRunLoop* findCurrent();
+
     const Clock& clock_;
     NSRunLoop* previous_;
+    std::uint64_t order_;
+    // Owns nothing: what refers to the loop weakly sees by it when the loop goes.
+    std::shared_ptr<NSRunLoop> self_;
     // What the clock showed at loop time 0; moved where the clock jumps in a way that time can't.
     mutable double origin_;
     mutable double now_ = 0.0;

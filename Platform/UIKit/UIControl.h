@@ -2,6 +2,7 @@
 
 #include "Platform/Foundation/SEL.h"
 #include "Platform/UIKit/UIControlEvents.h"
+#include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
 
 #include <memory>

@@ -3,6 +3,7 @@
 #include "Platform/UIKit/Table/TableRows.h"
 #include "Platform/UIKit/UITableViewDataSource.h"
 #include "Platform/UIKit/UITableViewDelegate.h"
+#include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
 
 #include <cstdint>

@@ -2,29 +2,36 @@
 
 #include "Platform/CoreGraphics/CGContext.h"
 #include "Platform/CoreGraphics/CGGeometry.h"
-#include "Platform/Foundation/NSObject.h"
+#include "Platform/UIKit/Animation/AnimatedObject.h"
 #include "Platform/UIKit/Animation/PropertyAnimations.h"
-#include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIViewAnimationOptions.h"
 #include "Platform/UIKit/UIViewAutoresizing.h"
+#include "Platform/UIKit/View/ViewExtent.h"
 #include "Platform/UIKit/View/ViewGeometry.h"
 
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
+
+namespace Foundation {
+class NSRunLoop;
+}
 
 namespace UIKit {
 
 class UIColor;
 class UIWindow;
+class ViewRoot;
 struct UIKey;
+struct UITouch;
 
 /// A rectangle on the screen with views of its own on top. A view owns its subviews and refers weakly to its
 /// superview. Setting a property sets the model, which is what reads see; inside an animation the
 /// presentation, which is what is drawn and what `presentedFrame` and `presentedAlpha` tell, travels there.
 /// All coordinates are points, y downwards.
-class UIView : public Foundation::NSObject {
+class UIView : public AnimatedObject {
 public:
     static const Foundation::Class& classObject();
 
@@ -68,6 +75,10 @@ public:
 
     /// The window at the top; nothing when there is none.
     std::shared_ptr<UIWindow> window() const;
+
+    /// The loop that runs the view's animations and should run its timers: the one of the host whose window
+    /// it is in; in none, the current one.
+    Foundation::NSRunLoop& runLoop() const;
 
     /// From back to front. Copy it before calling anything that may change it.
     virtual const std::vector<std::shared_ptr<UIView>>& subviews() const;
@@ -129,6 +140,9 @@ public:
     CoreGraphics::CGPoint convertPointToView(const CoreGraphics::CGPoint& point, const UIView& view) const;
     CoreGraphics::CGRect convertRectToView(const CoreGraphics::CGRect& rect, const UIView& view) const;
 
+    /// From the window's coordinates to this view's; the origin where it is in none.
+    CoreGraphics::CGPoint convertPointFromWindow(const CoreGraphics::CGPoint& point) const;
+
     /// The steps of a touch that went down on this view. Handed on to the superview unless overridden. May
     /// tear down anything.
     virtual void touchesBegan(const UITouch& touch);
@@ -157,11 +171,13 @@ public:
     /// centre, transform, alpha and plain background colours travel. A property that is set outside an
     /// animation is there at once, and setting what is set already changes nothing.
     ///
-    /// `completion` is called exactly once, by the current run loop and never from inside this call: with
-    /// true when the time has passed, or as soon as the loop turns where nothing changed; with false when
-    /// another change took one of the properties over or a view is gone. A loop that is destroyed first lets
-    /// go of it without a call. An exception from `animations` passes through: what was changed before it
-    /// travels, and the completion is called.
+    /// `completion` is called exactly once, by the run loop of the first view that is changed, or the current
+    /// one, and never from inside this call: with true when the time has passed, or as soon as the loop turns
+    /// where nothing changed; with false when another change took one of the properties over or a view is
+    /// gone. A loop that is destroyed first lets go of it without a call. An exception from `animations`
+    /// passes through: what was changed before it travels, and the completion is called.
+    ///
+    /// Views of several hosts each travel in the time of theirs.
     static void animateWithDuration(double duration, double delay, UIViewAnimationOptions options,
                                     const std::function<void()>& animations,
                                     std::function<void(bool finished)> completion = nullptr);
@@ -191,11 +207,28 @@ protected:
     /// being made.
     void willChangeValue(double model, double target);
 
+    /// Whether any of it shows.
+    bool isVisible() const { return !isHidden_ && presentedAlpha() > 0.0; }
+
+    /// Draws the view and what is in it, faded if it is partly transparent, where it meets `dirty`, all in
+    /// the view's own coordinates and as its animations show it at present. Allocates nothing. The context's
+    /// state is the caller's to restore.
+    void drawTree(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& dirty);
+
+    /// What hangs from this view hangs from this root; nothing for one that is no root.
+    virtual ViewRoot* asRoot() { return nullptr; }
+
+    /// Where among the other subviews one may stand: behind all of them at 0.
+    struct PlaceRange {
+        std::size_t back;
+        std::size_t front;
+    };
+
+    virtual PlaceRange placesFor(const UIView& view) const;
+
 private:
-    friend class Animator;
-    friend class UIWindow;
-    friend struct UITouch;
-    friend class ViewRenderer;
+    void presentationMoves(const AnimationGroup& group) final;
+    void animationsEnded(const AnimationGroup& group) final;
 
     AnimatedValues modelValues(AnimatedProperty property) const;
     AnimatedValues presentedValues(AnimatedProperty property) const;
@@ -206,32 +239,35 @@ private:
 
     template <class Change>
     void change(AnimatedProperty property, Change&& change);
+    std::shared_ptr<AnimationGroup> recordingGroup() const;
     void recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to);
 
     void setGeometry(const ViewGeometry& geometry);
     void setBox(const CoreGraphics::CGRect& box);
     void resizeSubviews(const CoreGraphics::CGSize& oldSize);
 
-    bool isVisible() const { return !isHidden_ && presentedAlpha() > 0.0; }
     void invalidateExtent();
     void invalidateRect(const CoreGraphics::CGRect& rect);
+    void extentChanged();
+    void reachChanged();
     CoreGraphics::CGRect presentedExtent() const;
+    CoreGraphics::CGRect extentOfAll() const;
     bool reachesInto(const CoreGraphics::CGRect& area) const;
 
-    /// Where among the other subviews one may stand: behind all of them at 0.
-    struct PlaceRange {
-        std::size_t back;
-        std::size_t front;
-    };
+    void draw(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& dirty,
+              const CoreGraphics::CGRect& dirtyContent);
+    void drawContents(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& dirty,
+                      const CoreGraphics::CGRect& dirtyContent);
+    void drawInSuperview(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& dirtyInSuperview);
+    void drawBackground(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& bounds) const;
 
-    virtual PlaceRange placesFor(const UIView& view) const;
     std::size_t placeFor(const UIView& view, std::size_t wanted) const;
-    UIWindow* containingWindow() const;
+    ViewRoot* root() const;
+    std::shared_ptr<ViewRoot> sharedRoot() const;
     void moveSubview(const std::shared_ptr<UIView>& view, std::size_t index);
     void detach();
     void notifyMovedToWindow();
     CoreGraphics::CGAffineTransform toRoot() const;
-    CoreGraphics::CGPoint pointFromWindow(const CoreGraphics::CGPoint& point) const;
     std::optional<CoreGraphics::CGPoint> pointFromRoot(const CoreGraphics::CGPoint& point) const;
 
     ViewGeometry geometry_;
@@ -242,12 +278,12 @@ private:
     bool isOpaque_ = false;
     bool clipsToBounds_ = false;
     bool isUserInteractionEnabled_ = true;
-    bool isWindow_ = false;
 
     // Cleared by the superview when it goes.
     UIView* superview_ = nullptr;
     std::vector<std::shared_ptr<UIView>> subviews_;
     PropertyAnimations animations_;
+    mutable ViewExtent extent_;
 };
 
 } // namespace UIKit

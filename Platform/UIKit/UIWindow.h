@@ -3,6 +3,7 @@
 #include "Platform/CoreGraphics/DamageRegion.h"
 #include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
+#include "Platform/UIKit/View/ViewRoot.h"
 
 #include <cstddef>
 #include <vector>
@@ -10,8 +11,10 @@
 namespace UIKit {
 
 /// The root of a view tree: where a host hands in touches and takes out drawing. The host owns it, resizes it
-/// by `setFrame` and draws it when it needs display. It is transparent where no view is.
-class UIWindow : public UIView {
+/// by `setFrame` and draws it when it needs display. It is transparent where no view is. The run loop that is
+/// current when the window is made is the one of its host: it runs the animations and timers of what is in
+/// it.
+class UIWindow : public UIView, private ViewRoot {
 public:
     static const Foundation::Class& classObject();
 
@@ -54,7 +57,7 @@ public:
 
     /// Pixels a point, 1.0 at first. Damage covers whole pixels, so that what is drawn again meets what isn't
     /// without a seam. A change makes everything need drawing.
-    CoreGraphics::CGFloat contentScale() const { return contentScale_; }
+    CoreGraphics::CGFloat contentScale() const override { return contentScale_; }
     void setContentScale(CoreGraphics::CGFloat scale);
 
     /// Makes everything need drawing: after the host lost its pixels.
@@ -67,10 +70,9 @@ public:
 
 protected:
     void dealloc() override;
+    PlaceRange placesFor(const UIView& view) const override;
 
 private:
-    friend class UIView;
-
     /// A touch that is down. It must not hold the view, which may be the window itself.
     struct Capture {
         UITouch touch;
@@ -82,15 +84,21 @@ private:
         std::weak_ptr<UIView> owner;
     };
 
-    void damage(const CoreGraphics::CGRect& rect);
+    ViewRoot* asRoot() override { return this; }
+    std::shared_ptr<UIWindow> sharedWindow() override;
+    void damage(const CoreGraphics::CGRect& rect) override;
+    Foundation::NSRunLoop& runLoop() const override;
+    void viewWillLeave(UIView& view) override { cancelTouchesIn(view); }
+    void viewDidLeave(UIView& view) override { removeModalViewsOf(view); }
+
     void displayRect(const CoreGraphics::CGRect& rect, CoreGraphics::CGContext& context);
     bool isModal(const UIView& view) const;
-    PlaceRange placesFor(const UIView& view) const override;
     void removeModalViewsOf(const UIView& subtree);
     std::vector<Capture>::iterator findCapture(UITouchIdentifier identifier);
     void cancel(std::vector<Capture>::iterator found);
     static void deliver(UITouch touch, const std::shared_ptr<UIView>& view);
 
+    std::weak_ptr<Foundation::NSRunLoop> loop_;
     CoreGraphics::CGFloat contentScale_ = 1.0;
     CoreGraphics::DamageRegion damage_;
     std::vector<Capture> captures_;

@@ -1,5 +1,7 @@
 #include "Player/Overlay/HostView.h"
 
+#include "Platform/UIKit/UITouch.h"
+
 #include <cmath>
 #include <utility>
 

@@ -430,4 +430,30 @@ TEST(NSRunLoopAbsenceDeathTest, WithoutALoopSchedulingIsAFatalReport) {
                  "Fatal error: There is no run loop");
 }
 
+TEST_F(NSRunLoopTest, ScopeMakesALoopTheCurrentOneUntilItEndsOrTheLoopDoes) {
+    auto second = std::make_unique<NSRunLoop>(clock);
+    {
+        const NSRunLoop::Scope outer(&loop);
+        EXPECT_EQ(&NSRunLoop::currentRunLoop(), &loop);
+        const NSRunLoop::Scope none(nullptr);
+        EXPECT_EQ(&NSRunLoop::currentRunLoop(), &loop);
+        const NSRunLoop::Scope inner(second.get());
+        EXPECT_EQ(NSRunLoop::weakCurrentRunLoop().lock().get(), second.get());
+        const std::weak_ptr<NSRunLoop> reference = NSRunLoop::weakCurrentRunLoop();
+        second.reset();
+        EXPECT_TRUE(reference.expired());
+        EXPECT_EQ(&NSRunLoop::currentRunLoop(), &loop);
+    }
+    EXPECT_EQ(&NSRunLoop::currentRunLoop(), &loop);
+}
+
+TEST_F(NSRunLoopTest, IsTheCurrentOneInItsTurns) {
+    NSRunLoop* current = nullptr;
+    schedule(0.0, [&current](NSTimer&) { current = &NSRunLoop::currentRunLoop(); });
+    NSRunLoop newer{clock};
+    loop.turn();
+    EXPECT_EQ(current, &loop);
+    EXPECT_EQ(&NSRunLoop::currentRunLoop(), &newer);
+}
+
 } // namespace

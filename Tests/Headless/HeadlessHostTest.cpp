@@ -167,4 +167,68 @@ TEST(HeadlessHostTest, DrawsWhatNeedsIt) {
     EXPECT_TRUE(host.draw()->operations().empty());
 }
 
+TEST(HeadlessHostTest, ViewsTravelInTheTimeOfTheHostWhoseWindowTheyAreIn) {
+    HeadlessHost first({100, 100});
+    HeadlessHost second({100, 100});
+    const auto inFirst = makeView(CGRectMake(0, 0, 10, 10));
+    const auto inSecond = makeView(CGRectMake(0, 0, 10, 10));
+    first.window()->addSubview(inFirst);
+    second.window()->addSubview(inSecond);
+    int completions = 0;
+    UIView::animateWithDuration(
+        1.0, 0.0, UIKit::UIViewAnimationOptionCurveLinear,
+        [&] {
+            inFirst->setAlpha(0.0);
+            inSecond->setAlpha(0.0);
+        },
+        [&](bool finished) { completions += finished ? 1 : 0; });
+    second.advance(0.5);
+    EXPECT_EQ(inFirst->presentedAlpha(), 1.0);
+    EXPECT_EQ(inSecond->presentedAlpha(), 0.5);
+    second.advance(0.5);
+    EXPECT_EQ(completions, 0) << "the view changed first is still on its way";
+    first.advance(1.0);
+    EXPECT_EQ(completions, 1);
+    EXPECT_EQ(inFirst->presentedAlpha(), 0.0);
+}
+
+TEST(HeadlessHostTest, CompletionOfAChangeWithoutDurationComesWithTheTimeOfItsView) {
+    HeadlessHost first({100, 100});
+    const auto view = makeView(CGRectMake(0, 0, 10, 10));
+    first.window()->addSubview(view);
+    HeadlessHost second({100, 100});
+    int completions = 0;
+    UIView::animateWithDuration(
+        0.0, 0.0, UIKit::UIViewAnimationOptionCurveLinear, [&] { view->setAlpha(0.5); },
+        [&](bool /*finished*/) { ++completions; });
+    EXPECT_EQ(view->presentedAlpha(), 0.5);
+    second.advance(1.0);
+    EXPECT_EQ(completions, 0);
+    first.advance(0.0);
+    EXPECT_EQ(completions, 1);
+}
+
+TEST(HeadlessHostTest, WhatAHostHandsInAndWhatItsLoopTurnsIsInItsTime) {
+    HeadlessHost first({100, 100});
+    const auto view = makeProbe(CGRectMake(0, 0, 100, 100));
+    std::vector<NSRunLoop*> loops;
+    const auto note = [&loops] { loops.push_back(&NSRunLoop::currentRunLoop()); };
+    view->onTouch = [&note](const UIKit::UITouch& /*touch*/) { note(); };
+    view->onScroll = [&note](const CGPoint& /*delta*/) {
+        note();
+        return true;
+    };
+    first.window()->addSubview(view);
+    schedule(1.0, false, note);
+    HeadlessHost second({100, 100});
+    EXPECT_EQ(&view->runLoop(), &first.runLoop());
+    first.tap({10, 10});
+    first.window()->sendScroll({10, 10}, {0, 1});
+    first.advance(1.0);
+    EXPECT_EQ(loops, (std::vector<NSRunLoop*>(4, &first.runLoop())));
+    EXPECT_EQ(&NSRunLoop::currentRunLoop(), &second.runLoop());
+    view->removeFromSuperview();
+    EXPECT_EQ(&view->runLoop(), &second.runLoop());
+}
+
 } // namespace

@@ -11,10 +11,6 @@ const std::vector<Circle> defended{
       "Platform/Foundation/Message", "Platform/Foundation/NSObject", "Platform/Foundation/Protocol"},
      "objects, their classes and messages are one idea: an object has a class, a class makes objects, and "
      "both are sent messages that carry objects"},
-    {{"Platform/UIKit/Animator", "Platform/UIKit/UITouch", "Platform/UIKit/UIView", "Platform/UIKit/UIWindow",
-      "Platform/UIKit/ViewRenderer"},
-     "a view tells its window of damage and the animator of changes; these and the renderer reach into the "
-     "view for what is shown"},
     {{"Platform/UIKit/UIPopoverPresentationController", "Platform/UIKit/UIPresentationController",
       "Platform/UIKit/UIViewController"},
      "a view controller gives out what it is presented with, and that gives out the view controllers, both "

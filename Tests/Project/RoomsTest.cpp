@@ -12,6 +12,8 @@ const RoomedModule uiKit{
     .testFolder = "Tests/UIKit",
     .allowances =
         {
+            {"Platform/UIKit/UIView.h", "Platform/UIKit/Animation/AnimatedObject.h",
+             "a view is one of what animations move"},
             {"Platform/UIKit/UIView.h", "Platform/UIKit/Animation/PropertyAnimations.h",
              "a view holds what of it is on its way, and drawing asks each view each time"},
         },

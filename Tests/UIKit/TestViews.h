@@ -5,6 +5,7 @@
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIKey.h"
+#include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
 
 #include <functional>

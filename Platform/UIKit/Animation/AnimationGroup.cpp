@@ -1,5 +1,7 @@
 #include "Platform/UIKit/Animation/AnimationGroup.h"
 
+#include "Platform/UIKit/Animation/AnimatedObject.h"
+
 #include <utility>
 
 namespace UIKit {
@@ -11,9 +13,13 @@ constexpr std::size_t usualViews = 8;
 
 } // namespace
 
-AnimationGroup::AnimationGroup(double start, double duration, AnimationCurve curve,
-                               std::function<void(bool)> completion)
-    : start_(start), duration_(duration), curve_(curve), completion_(std::move(completion)) {}
+AnimationGroup::AnimationGroup(double duration, AnimationCurve curve, std::function<void(bool)> completion)
+    : duration_(duration), curve_(curve), completion_(std::move(completion)) {}
+
+void AnimationGroup::begin(double start) {
+    start_ = start;
+    progress_ = 0.0;
+}
 
 void AnimationGroup::moveTo(double now) {
     if (now >= end()) {
@@ -23,11 +29,11 @@ void AnimationGroup::moveTo(double now) {
     }
 }
 
-void AnimationGroup::add(std::weak_ptr<Foundation::NSObject> view) {
+void AnimationGroup::add(std::weak_ptr<AnimatedObject> view) {
     ++changes_;
     if (views_.empty()) {
         views_.reserve(usualViews);
-    } else if (const std::weak_ptr<Foundation::NSObject>& last = views_.back();
+    } else if (const std::weak_ptr<AnimatedObject>& last = views_.back();
                !last.owner_before(view) && !view.owner_before(last)) {
         return;
     }

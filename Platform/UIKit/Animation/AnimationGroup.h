@@ -7,17 +7,18 @@
 #include <memory>
 #include <vector>
 
-namespace Foundation {
-class NSObject;
-}
-
 namespace UIKit {
+
+class AnimatedObject;
 
 /// One call of animateWithDuration: the time that its changes take, and what is called when they have
 /// arrived.
 class AnimationGroup {
 public:
-    AnimationGroup(double start, double duration, AnimationCurve curve, std::function<void(bool)> completion);
+    AnimationGroup(double duration, AnimationCurve curve, std::function<void(bool)> completion);
+
+    /// Its changes travel from `start` on, in the time of the loop that moves it.
+    void begin(double start);
 
     double start() const { return start_; }
     double end() const { return start_ + duration_; }
@@ -33,7 +34,7 @@ public:
     double progress() const { return progress_; }
 
     /// One more change, of a property of `view`.
-    void add(std::weak_ptr<Foundation::NSObject> view);
+    void add(std::weak_ptr<AnimatedObject> view);
 
     /// One of the changes ends early: another one took the property over, or its view is gone.
     void interrupt();
@@ -43,18 +44,18 @@ public:
 
     /// The views that changes were added for, also where these have ended since. One that had others between
     /// its own comes again: telling takes less than searching.
-    const std::vector<std::weak_ptr<Foundation::NSObject>>& views() const { return views_; }
+    const std::vector<std::weak_ptr<AnimatedObject>>& views() const { return views_; }
 
     /// Calls the completion, the first time only.
     void complete();
 
 private:
-    double start_;
+    double start_ = 0.0;
     double duration_;
     AnimationCurve curve_;
     std::function<void(bool)> completion_;
     double progress_ = 0.0;
-    std::vector<std::weak_ptr<Foundation::NSObject>> views_;
+    std::vector<std::weak_ptr<AnimatedObject>> views_;
     std::size_t changes_ = 0;
     bool isInterrupted_ = false;
 };

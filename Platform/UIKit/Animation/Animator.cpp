@@ -1,8 +1,8 @@
 #include "Platform/UIKit/Animation/Animator.h"
 
 #include "Platform/Foundation/ScopeExit.h"
+#include "Platform/UIKit/Animation/AnimatedObject.h"
 #include "Platform/UIKit/Animation/AnimationGroup.h"
-#include "Platform/UIKit/UIView.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,13 +12,80 @@
 
 namespace UIKit {
 
-using Foundation::NSObject;
+// One animations closure that is running. They nest on the one thread, whatever the loop.
+class AnimationRecording {
+public:
+    AnimationRecording(double duration, double delay, UIViewAnimationOptions options,
+                       std::function<void(bool)> completion, AnimationRecording* outer)
+        // What would take for ever never begins.
+        : outer_(outer), wait_(std::isinf(duration) && duration > 0.0 ? duration
+                               : delay > 0.0                          ? delay
+                                                                      : 0.0),
+          duration_(duration > 0.0 ? duration : 0.0),
+          curve_(animationCurve(options)), first_{&Animator::current(), makeGroup(std::move(completion))} {
+        first_.animator->begin(first_.group, wait_);
+    }
+
+    AnimationRecording* outer() const { return outer_; }
+
+    bool takesTime() const { return duration_ > 0.0 || wait_ > 0.0; }
+
+    // The completion goes with the first view: its loop is the one that the caller's clock turns.
+    const std::shared_ptr<AnimationGroup>& groupFor(Animator& animator) {
+        if (!std::exchange(hasChanges_, true) && first_.animator != &animator) {
+            giveFirstTo(animator);
+        }
+        if (first_.animator == &animator) {
+            return first_.group;
+        }
+        const auto found = std::find_if(others_.begin(), others_.end(), [&animator](const Entry& each) {
+            return each.animator == &animator;
+        });
+        if (found != others_.end()) {
+            return found->group;
+        }
+        others_.push_back({&animator, makeGroup(nullptr)});
+        animator.begin(others_.back().group, wait_);
+        return others_.back().group;
+    }
+
+    // Its loop is destroyed from inside the closure.
+    void forget(const Animator& animator) {
+        first_.animator = first_.animator == &animator ? nullptr : first_.animator;
+        std::erase_if(others_, [&animator](const Entry& each) { return each.animator == &animator; });
+    }
+
+private:
+    struct Entry {
+        Animator* animator;
+        std::shared_ptr<AnimationGroup> group;
+    };
+
+    std::shared_ptr<AnimationGroup> makeGroup(std::function<void(bool)> completion) const {
+        return std::make_shared<AnimationGroup>(duration_, curve_, std::move(completion));
+    }
+
+    void giveFirstTo(Animator& animator) {
+        if (first_.animator) {
+            std::erase(first_.animator->groups_, first_.group);
+        }
+        first_.animator = &animator;
+        animator.begin(first_.group, wait_);
+    }
+
+    AnimationRecording* outer_;
+    double wait_;
+    double duration_;
+    AnimationCurve curve_;
+    Entry first_;
+    std::vector<Entry> others_;
+    bool hasChanges_ = false;
+};
 
 namespace {
 
-// Empty outside every animations closure. One for all loops: closures nest on the one thread, whatever the
-// loop.
-std::shared_ptr<AnimationGroup> recording;
+// Nothing outside every animations closure.
+AnimationRecording* recording = nullptr;
 
 } // namespace
 
@@ -30,26 +97,36 @@ Animator::~Animator() {
         group->moveTo(std::numeric_limits<double>::infinity());
         finish(*group);
     }
+    for (AnimationRecording* each = recording; each; each = each->outer()) {
+        each->forget(*this);
+    }
 }
 
-const std::shared_ptr<AnimationGroup>& Animator::recordingGroup() { return recording; }
+Animator& Animator::current() { return Foundation::NSRunLoop::currentRunLoop().source<Animator>(); }
+
+bool Animator::isRecording() { return recording != nullptr; }
+
+std::shared_ptr<AnimationGroup> Animator::recordingGroup(Foundation::NSRunLoop& loop) {
+    const std::shared_ptr<AnimationGroup>& group = recording->groupFor(loop.source<Animator>());
+    return recording->takesTime() ? group : nullptr;
+}
 
 void Animator::animate(double duration, double delay, UIViewAnimationOptions options,
                        const std::function<void()>& animations, std::function<void(bool)> completion) {
-    // What shows before the changes is what shows now, not what the last turn left.
-    moveTo(loop_.now());
-    // What would take for ever never begins.
-    const double wait = std::isinf(duration) && duration > 0.0 ? duration : delay > 0.0 ? delay : 0.0;
-    const bool takesTime = duration > 0.0 || wait > 0.0;
-    auto group = std::make_shared<AnimationGroup>(presentationTime_ + wait, duration > 0.0 ? duration : 0.0,
-                                                  animationCurve(options), std::move(completion));
-    group->moveTo(presentationTime_);
-    groups_.push_back(group);
-    const std::shared_ptr<AnimationGroup> outer = std::exchange(recording, takesTime ? group : nullptr);
-    const Foundation::ScopeExit end([&outer] { recording = outer; });
+    AnimationRecording own(duration, delay, options, std::move(completion), recording);
+    recording = &own;
+    const Foundation::ScopeExit end([&own] { recording = own.outer(); });
     if (animations) {
         animations();
     }
+}
+
+void Animator::begin(const std::shared_ptr<AnimationGroup>& group, double wait) {
+    // What shows before the changes is what shows now, not what the last turn left.
+    moveTo(loop_.now());
+    group->begin(presentationTime_ + wait);
+    group->moveTo(presentationTime_);
+    groups_.push_back(group);
 }
 
 std::optional<double> Animator::nextWork() const {
@@ -90,10 +167,9 @@ void Animator::invalidateRunning(double now) {
         if (!group->isRunning(now)) {
             continue;
         }
-        for (const std::weak_ptr<NSObject>& each : group->views()) {
-            const auto view = std::static_pointer_cast<UIView>(each.lock());
-            if (view && view->animations_.hasAnyOf(*group)) {
-                view->invalidateExtent();
+        for (const std::weak_ptr<AnimatedObject>& each : group->views()) {
+            if (const std::shared_ptr<AnimatedObject> view = each.lock()) {
+                view->presentationMoves(*group);
             }
         }
     }
@@ -126,9 +202,9 @@ void Animator::finish(const AnimationGroup& group) {
     if (!group.hasChanges()) {
         return;
     }
-    for (const std::weak_ptr<NSObject>& each : group.views()) {
-        if (const auto view = std::static_pointer_cast<UIView>(each.lock())) {
-            view->animations_.finish(group);
+    for (const std::weak_ptr<AnimatedObject>& each : group.views()) {
+        if (const std::shared_ptr<AnimatedObject> view = each.lock()) {
+            view->animationsEnded(group);
         }
     }
 }

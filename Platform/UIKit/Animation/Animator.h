@@ -13,6 +13,8 @@ namespace UIKit {
 
 class AnimationGroup;
 
+class AnimationRecording;
+
 /// Runs the animations of a run loop. What is shown moves on at each of the loop's turns and stands still in
 /// between. Those that are under way when the loop goes are there at once, and their completions are let go
 /// without a call.
@@ -21,19 +23,28 @@ public:
     explicit Animator(Foundation::NSRunLoop& loop);
     ~Animator() override;
 
-    void animate(double duration, double delay, UIViewAnimationOptions options,
-                 const std::function<void()>& animations, std::function<void(bool)> completion);
+    /// As UIView::animateWithDuration tells.
+    static void animate(double duration, double delay, UIViewAnimationOptions options,
+                        const std::function<void()>& animations, std::function<void(bool)> completion);
 
-    /// The group that changes made at this moment belong to; nothing outside an animations closure, or where
-    /// the changes take no time.
-    static const std::shared_ptr<AnimationGroup>& recordingGroup();
+    /// True in an animations closure.
+    static bool isRecording();
+
+    /// The group that changes made at this moment belong to, of what `loop` moves; nothing outside an
+    /// animations closure, or where the changes take no time.
+    static std::shared_ptr<AnimationGroup> recordingGroup(Foundation::NSRunLoop& loop);
 
     std::optional<double> nextWork() const override;
     void turn(double now) override;
 
 private:
+    static Animator& current();
+
     static constexpr double frameInterval = 1.0 / 60.0;
 
+    friend class AnimationRecording;
+
+    void begin(const std::shared_ptr<AnimationGroup>& group, double wait);
     void moveTo(double now);
     void invalidateRunning(double now);
     void finishOver(double now);

@@ -38,6 +38,14 @@ bool PropertyAnimations::hasAnyOf(const AnimationGroup& group) const {
                        [&group](const Animation& each) { return each.group.get() == &group; });
 }
 
+bool PropertyAnimations::hasGeometryOf(const AnimationGroup& group) const {
+    return std::any_of(animations_.begin(), animations_.end(), [&group](const Animation& each) {
+        return each.group.get() == &group &&
+               (each.property == AnimatedProperty::Box || each.property == AnimatedProperty::BoundsOrigin ||
+                each.property == AnimatedProperty::Transform);
+    });
+}
+
 bool PropertyAnimations::start(AnimatedProperty property, const AnimatedValues& from,
                                const AnimatedValues& to, const std::shared_ptr<AnimationGroup>& group) {
     const auto present = find(property);

@@ -25,6 +25,9 @@ public:
 
     bool hasAnyOf(const AnimationGroup& group) const;
 
+    /// Whether the group moves where the view reaches.
+    bool hasGeometryOf(const AnimationGroup& group) const;
+
     /// Sends a property on its way. True when the group has not had it yet: where another group had, that is
     /// interrupted; where this one has, the way goes on to the new end.
     bool start(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to,

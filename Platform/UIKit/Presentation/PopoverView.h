@@ -2,6 +2,7 @@
 
 #include "Platform/CoreGraphics/CGPath.h"
 #include "Platform/UIKit/Presentation/PopoverPlacement.h"
+#include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
 
 #include <memory>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
 
 #include <memory>

@@ -6,10 +6,10 @@ namespace UIKit {
 
 using namespace CoreGraphics;
 
-CGPoint UITouch::locationInView(const UIView& in) const { return in.pointFromWindow(location); }
+CGPoint UITouch::locationInView(const UIView& in) const { return in.convertPointFromWindow(location); }
 
 CGPoint UITouch::previousLocationInView(const UIView& in) const {
-    return in.pointFromWindow(previousLocation);
+    return in.convertPointFromWindow(previousLocation);
 }
 
 } // namespace UIKit

@@ -1,13 +1,13 @@
 #include "Platform/UIKit/UIView.h"
 
-#include "Platform/Foundation/ClassBuilder.h"
+#include "Platform/Foundation/Class.h"
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/UIKit/Animation/AnimationGroup.h"
 #include "Platform/UIKit/Animation/Animator.h"
 #include "Platform/UIKit/UIColor.h"
-#include "Platform/UIKit/UIWindow.h"
 #include "Platform/UIKit/View/Autoresizing.h"
+#include "Platform/UIKit/View/ViewRoot.h"
 
 #include <algorithm>
 #include <cmath>
@@ -68,36 +68,6 @@ bool looksLike(const UIColor* a, const UIColor* b) {
 
 } // namespace
 
-const Foundation::Class& UIView::classObject() {
-    static const Foundation::Class& object =
-        Foundation::ClassBuilder<UIView, NSObject>("UIKit.UIView")
-            .initializer<const CGRect&>("initWithFrame:")
-            .property<&UIView::frame, &UIView::setFrame>("frame")
-            .property<&UIView::bounds, &UIView::setBounds>("bounds")
-            .property<&UIView::center, &UIView::setCenter>("center")
-            .property<&UIView::transform, &UIView::setTransform>("transform")
-            .property<&UIView::autoresizingMask, &UIView::setAutoresizingMask>("autoresizingMask")
-            .method<&UIView::sizeToFit>("sizeToFit")
-            .property<&UIView::superview>("superview")
-            .property<&UIView::window>("window")
-            .property<&UIView::subviews>("subviews")
-            .method<&UIView::addSubview>("addSubview:")
-            .method<&UIView::insertSubview>("insertSubview:atIndex:")
-            .method<&UIView::bringSubviewToFront>("bringSubviewToFront:")
-            .method<&UIView::sendSubviewToBack>("sendSubviewToBack:")
-            .method<&UIView::removeFromSuperview>("removeFromSuperview")
-            .property<&UIView::alpha, &UIView::setAlpha>("alpha")
-            .property<&UIView::isHidden, &UIView::setHidden>("hidden")
-            .property<&UIView::isOpaque, &UIView::setOpaque>("opaque")
-            .property<&UIView::backgroundColor, &UIView::setBackgroundColor>("backgroundColor")
-            .property<&UIView::clipsToBounds, &UIView::setClipsToBounds>("clipsToBounds")
-            .property<&UIView::isUserInteractionEnabled, &UIView::setUserInteractionEnabled>(
-                "userInteractionEnabled")
-            .method<&UIView::setNeedsDisplay>("setNeedsDisplay")
-            .build();
-    return object;
-}
-
 bool UIView::init() { return init(CGRect{}); }
 
 bool UIView::init(const CGRect& frame) {
@@ -111,7 +81,7 @@ void UIView::dealloc() {
     for (const std::shared_ptr<UIView>& subview : subviews) {
         subview->superview_ = nullptr;
     }
-    if (isWindow_) {
+    if (asRoot()) {
         for (const std::shared_ptr<UIView>& subview : subviews) {
             subview->notifyMovedToWindow();
         }
@@ -218,8 +188,13 @@ std::shared_ptr<UIView> UIView::superview() const {
 }
 
 std::shared_ptr<UIWindow> UIView::window() const {
-    UIWindow* window = containingWindow();
-    return window ? std::static_pointer_cast<UIWindow>(window->weak_from_this().lock()) : nullptr;
+    ViewRoot* above = root();
+    return above ? above->sharedWindow() : nullptr;
+}
+
+Foundation::NSRunLoop& UIView::runLoop() const {
+    const ViewRoot* above = root();
+    return above ? above->runLoop() : Foundation::NSRunLoop::currentRunLoop();
 }
 
 const std::vector<std::shared_ptr<UIView>>& UIView::subviews() const { return subviews_; }
@@ -240,7 +215,7 @@ void UIView::addSubview(const std::shared_ptr<UIView>& view) {
 
 void UIView::insertSubview(const std::shared_ptr<UIView>& view, std::size_t index) {
     require(view, "view", "insertSubview:atIndex:");
-    if (view->isWindow_) {
+    if (view->asRoot()) {
         Foundation::fatalError("Adding a window as a subview of '" + isa().name() + "'");
     }
     const std::shared_ptr<NSObject> alive = weak_from_this().lock();
@@ -257,13 +232,14 @@ void UIView::insertSubview(const std::shared_ptr<UIView>& view, std::size_t inde
         moveSubview(added, index);
         return;
     }
-    const UIWindow* oldWindow = added->containingWindow();
+    const ViewRoot* oldRoot = added->root();
     added->invalidateExtent();
     added->detach();
     subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(placeFor(*added, index)), added);
     added->superview_ = this;
+    extentChanged();
     added->invalidateExtent();
-    if (oldWindow != containingWindow()) {
+    if (oldRoot != root()) {
         added->notifyMovedToWindow();
     }
 }
@@ -295,11 +271,11 @@ void UIView::removeFromSuperview() {
     }
     const std::shared_ptr<UIView> alive = self(this);
     // While the view is still in its place: a cancellation is handed on to those around it.
-    if (const std::shared_ptr<UIWindow> touched = window()) {
-        touched->cancelTouchesIn(*this);
+    if (const std::shared_ptr<ViewRoot> touched = sharedRoot()) {
+        touched->viewWillLeave(*this);
     }
-    const std::shared_ptr<UIWindow> left = window();
-    const bool wasInWindow = containingWindow() != nullptr;
+    const std::shared_ptr<ViewRoot> left = sharedRoot();
+    const bool wasInWindow = root() != nullptr;
     invalidateExtent();
     detach();
     FirstException exception;
@@ -307,7 +283,7 @@ void UIView::removeFromSuperview() {
         exception.catchFrom([this] { notifyMovedToWindow(); });
     }
     if (left) {
-        exception.catchFrom([&] { left->removeModalViewsOf(*this); });
+        exception.catchFrom([&] { left->viewDidLeave(*this); });
     }
     exception.passOn();
 }
@@ -325,29 +301,37 @@ void UIView::detach() {
     if (UIView* parent = std::exchange(superview_, nullptr)) {
         const auto isThis = [this](const std::shared_ptr<UIView>& each) { return each.get() == this; };
         parent->subviews_.erase(std::find_if(parent->subviews_.begin(), parent->subviews_.end(), isThis));
+        parent->extentChanged();
     }
 }
 
 // What is added or taken out meanwhile hears of it by itself.
 void UIView::notifyMovedToWindow() {
-    const UIWindow* newWindow = containingWindow();
+    const ViewRoot* newRoot = root();
     const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
     FirstException exception;
     exception.catchFrom([this] { didMoveToWindow(); });
     for (const std::shared_ptr<UIView>& subview : subviews) {
-        if (subview->superview_ == this && containingWindow() == newWindow) {
+        if (subview->superview_ == this && root() == newRoot) {
             exception.catchFrom([&subview] { subview->notifyMovedToWindow(); });
         }
     }
     exception.passOn();
 }
 
-UIWindow* UIView::containingWindow() const {
-    const UIView* each = this;
-    while (!each->isWindow_ && each->superview_) {
-        each = each->superview_;
+// Nobody's view is a root but one at the top.
+ViewRoot* UIView::root() const {
+    const UIView* top = this;
+    while (top->superview_) {
+        top = top->superview_;
     }
-    return each->isWindow_ ? static_cast<UIWindow*>(const_cast<UIView*>(each)) : nullptr;
+    return const_cast<UIView*>(top)->asRoot();
+}
+
+std::shared_ptr<ViewRoot> UIView::sharedRoot() const {
+    ViewRoot* above = root();
+    const std::shared_ptr<UIWindow> alive = above ? above->sharedWindow() : nullptr;
+    return alive ? std::shared_ptr<ViewRoot>(alive, above) : nullptr;
 }
 
 // Appearance
@@ -366,6 +350,7 @@ void UIView::setHidden(bool hidden) {
     if (hidden != isHidden_) {
         invalidateExtent();
         isHidden_ = hidden;
+        reachChanged();
         invalidateExtent();
     }
 }
@@ -394,6 +379,7 @@ void UIView::setClipsToBounds(bool clips) {
     if (clips != clipsToBounds_) {
         invalidateExtent();
         clipsToBounds_ = clips;
+        extentChanged();
         invalidateExtent();
     }
 }
@@ -409,13 +395,12 @@ std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
         return nullptr;
     }
     std::shared_ptr<UIView> alive = self(this);
-    const std::vector<std::shared_ptr<UIView>> subviews = subviews_;
-    for (auto each = subviews.rbegin(); each != subviews.rend(); ++each) {
-        const std::optional<CGPoint> inside = (*each)->geometry_.pointFromSuperview(point);
-        if (!inside || (*each)->superview_ != this) {
-            continue;
-        }
-        if (std::shared_ptr<UIView> hit = (*each)->hitTest(*inside)) {
+    // By place: whoever is asked may change the tree.
+    for (std::size_t left = subviews_.size(); left > 0; left = std::min(left - 1, subviews_.size())) {
+        const std::shared_ptr<UIView> subview = subviews_[left - 1];
+        const std::optional<CGPoint> inside = subview->geometry_.pointFromSuperview(point);
+        std::shared_ptr<UIView> hit = inside ? subview->hitTest(*inside) : nullptr;
+        if (hit) {
             return hit;
         }
     }
@@ -442,8 +427,8 @@ std::optional<CGPoint> UIView::pointFromRoot(const CGPoint& point) const {
     return outside ? geometry_.pointFromSuperview(*outside) : std::nullopt;
 }
 
-CGPoint UIView::pointFromWindow(const CGPoint& point) const {
-    return containingWindow() ? pointFromRoot(point).value_or(CGPoint{}) : CGPoint{};
+CGPoint UIView::convertPointFromWindow(const CGPoint& point) const {
+    return root() ? pointFromRoot(point).value_or(CGPoint{}) : CGPoint{};
 }
 
 CGPoint UIView::convertPointToView(const CGPoint& point, const UIView& view) const {
@@ -508,26 +493,47 @@ void UIView::invalidateRect(const CGRect& rect) {
         if (each->clipsToBounds_) {
             area = CGRectIntersection(area, geometry.bounds());
         }
-        if (each->isWindow_) {
-            static_cast<UIWindow*>(each)->damage(area);
-            return;
-        }
         if (!each->superview_) {
+            if (ViewRoot* above = each->asRoot()) {
+                above->damage(area);
+            }
             return;
         }
         area = geometry.rectToSuperview(area);
     }
 }
 
+// The view, or what is in it, reaches elsewhere than before; so may those around it. One whose extent isn't
+// known is not part of what those around it know either.
+void UIView::extentChanged() {
+    extent_.forget();
+    reachChanged();
+}
+
+// Where the view is in its superview, or whether it shows there, is another.
+void UIView::reachChanged() {
+    for (const UIView* each = superview_; each && each->extent_.forget();) {
+        each = each->superview_;
+    }
+}
+
 CGRect UIView::presentedExtent() const {
+    const CGRect bounds = presentedBounds();
+    if (clipsToBounds_ || subviews_.empty()) {
+        return bounds;
+    }
+    if (!extent_.isKnown()) {
+        extent_.keep(extentOfAll(), bounds);
+    }
+    return extent_.rect(bounds);
+}
+
+CGRect UIView::extentOfAll() const {
     CGRect extent = presentedBounds();
-    if (!clipsToBounds_) {
-        for (const std::shared_ptr<UIView>& subview : subviews_) {
-            if (subview->isVisible()) {
-                const CGRect inside =
-                    subview->presentedGeometry().rectToSuperview(subview->presentedExtent());
-                extent = CGRectUnion(extent, inside);
-            }
+    for (const std::shared_ptr<UIView>& subview : subviews_) {
+        if (subview->isVisible()) {
+            const CGRect inside = subview->presentedGeometry().rectToSuperview(subview->presentedExtent());
+            extent = CGRectUnion(extent, inside);
         }
     }
     return extent;
@@ -542,13 +548,12 @@ bool UIView::reachesInto(const CGRect& area) const {
 void UIView::animateWithDuration(double duration, double delay, UIViewAnimationOptions options,
                                  const std::function<void()>& animations,
                                  std::function<void(bool)> completion) {
-    Foundation::NSRunLoop::currentRunLoop().source<Animator>().animate(duration, delay, options, animations,
-                                                                       std::move(completion));
+    Animator::animate(duration, delay, options, animations, std::move(completion));
 }
 
 template <class Change>
 void UIView::change(AnimatedProperty property, Change&& change) {
-    if (Animator::recordingGroup()) {
+    if (recordingGroup()) {
         // Nothing that is shown changes before the animation moves on.
         const AnimatedValues from = presentedValues(property);
         change();
@@ -557,18 +562,45 @@ void UIView::change(AnimatedProperty property, Change&& change) {
         invalidateExtent();
         change();
         animations_.interrupt(property);
+        if (property == AnimatedProperty::Alpha || property == AnimatedProperty::BackgroundColor) {
+            reachChanged();
+        } else {
+            extentChanged();
+        }
         invalidateExtent();
     }
 }
 
+std::shared_ptr<AnimationGroup> UIView::recordingGroup() const {
+    return Animator::isRecording() ? Animator::recordingGroup(runLoop()) : nullptr;
+}
+
 void UIView::recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to) {
-    const std::shared_ptr<AnimationGroup>& group = Animator::recordingGroup();
-    std::weak_ptr<NSObject> present = weak_from_this();
-    if (!group || present.expired()) {
+    const std::shared_ptr<AnimationGroup> group = recordingGroup();
+    const std::shared_ptr<NSObject> present = weak_from_this().lock();
+    if (!group || !present) {
         animations_.interrupt(property);
+        extentChanged();
     } else if (animations_.start(property, from, to, group)) {
-        group->add(std::move(present));
+        group->add(std::shared_ptr<AnimatedObject>(present, this));
     }
+}
+
+void UIView::presentationMoves(const AnimationGroup& group) {
+    if (!animations_.hasAnyOf(group)) {
+        return;
+    }
+    if (animations_.hasGeometryOf(group)) {
+        extentChanged();
+    } else {
+        reachChanged();
+    }
+    invalidateExtent();
+}
+
+void UIView::animationsEnded(const AnimationGroup& group) {
+    animations_.finish(group);
+    extentChanged();
 }
 
 AnimatedValues UIView::modelValues(AnimatedProperty property) const {
@@ -611,15 +643,19 @@ ViewGeometry UIView::animatedGeometry() const {
 CGRect UIView::alignedToPixels(const CGRect& rect) const {
     CGPoint corner = rect.origin;
     const UIView* each = this;
-    for (; !each->isWindow_; each = each->superview_) {
+    for (; each->superview_; each = each->superview_) {
         const ViewGeometry& geometry = each->geometry_;
-        if (!each->superview_ || !CGAffineTransformIsIdentity(geometry.transform())) {
+        if (!CGAffineTransformIsIdentity(geometry.transform())) {
             return rect;
         }
         corner.x += geometry.box().origin.x - geometry.boundsOrigin().x;
         corner.y += geometry.box().origin.y - geometry.boundsOrigin().y;
     }
-    const CGFloat scale = static_cast<const UIWindow*>(each)->contentScale();
+    const ViewRoot* above = root();
+    if (!above) {
+        return rect;
+    }
+    const CGFloat scale = above->contentScale();
     const auto toPixel = [scale](CGFloat at) { return std::round(at * scale) / scale - at; };
     return CGRectOffset(rect, toPixel(corner.x), toPixel(corner.y));
 }

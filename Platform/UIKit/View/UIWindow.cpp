@@ -4,7 +4,6 @@
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/Foundation/ScopeExit.h"
-#include "Platform/UIKit/View/ViewRenderer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -36,7 +35,7 @@ const Foundation::Class& UIWindow::classObject() {
 }
 
 bool UIWindow::init(const CGRect& frame) {
-    isWindow_ = true;
+    loop_ = Foundation::NSRunLoop::weakCurrentRunLoop();
     if (!UIView::init(frame)) {
         return false;
     }
@@ -49,6 +48,15 @@ void UIWindow::dealloc() {
     UIView::dealloc();
 }
 
+std::shared_ptr<UIWindow> UIWindow::sharedWindow() {
+    return std::static_pointer_cast<UIWindow>(weak_from_this().lock());
+}
+
+Foundation::NSRunLoop& UIWindow::runLoop() const {
+    const std::shared_ptr<Foundation::NSRunLoop> loop = loop_.lock();
+    return loop ? *loop : Foundation::NSRunLoop::currentRunLoop();
+}
+
 std::vector<UIWindow::Capture>::iterator UIWindow::findCapture(UITouchIdentifier identifier) {
     return std::find_if(captures_.begin(), captures_.end(),
                         [identifier](const Capture& each) { return each.touch.identifier == identifier; });
@@ -56,7 +64,9 @@ std::vector<UIWindow::Capture>::iterator UIWindow::findCapture(UITouchIdentifier
 
 void UIWindow::sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const CGPoint& location) {
     const std::shared_ptr<UIWindow> alive = self(this);
-    const double now = Foundation::NSRunLoop::currentRunLoop().now();
+    Foundation::NSRunLoop& loop = runLoop();
+    const Foundation::NSRunLoop::Scope current(&loop);
+    const double now = loop.now();
     auto found = findCapture(identifier);
     if (phase == UITouchPhase::Began) {
         const std::shared_ptr<UIView> view = found == captures_.end() ? hitTest(location) : nullptr;
@@ -83,6 +93,7 @@ void UIWindow::sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const
 void UIWindow::cancelTouches() {
     // None while the window is torn down, when no call can end it any more.
     const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    const Foundation::NSRunLoop::Scope current(loop_.lock().get());
     while (!captures_.empty()) {
         cancel(captures_.begin());
     }
@@ -130,6 +141,7 @@ void UIWindow::deliver(UITouch touch, const std::shared_ptr<UIView>& view) {
 }
 
 bool UIWindow::sendScroll(const CGPoint& location, const CGPoint& delta) {
+    const Foundation::NSRunLoop::Scope current(loop_.lock().get());
     const std::shared_ptr<UIView> modal = modalView();
     const std::shared_ptr<UIView> hit = hitTest(location);
     for (std::shared_ptr<UIView> each = hit; each; each = each->superview()) {
@@ -144,6 +156,7 @@ bool UIWindow::sendScroll(const CGPoint& location, const CGPoint& delta) {
 }
 
 bool UIWindow::sendKey(const UIKey& key) {
+    const Foundation::NSRunLoop::Scope current(loop_.lock().get());
     const std::shared_ptr<UIView> modal = modalView();
     return modal && offerKey(modal, key);
 }
@@ -176,7 +189,7 @@ bool UIWindow::isModal(const UIView& view) const {
 UIView::PlaceRange UIWindow::placesFor(const UIView& view) const {
     std::size_t behind = 0;
     std::size_t all = 0;
-    for (const std::shared_ptr<UIView>& each : subviews_) {
+    for (const std::shared_ptr<UIView>& each : UIView::subviews()) {
         if (each.get() != &view) {
             behind += isModal(*each) ? 0 : 1;
             ++all;
@@ -244,7 +257,7 @@ void UIWindow::displayRect(const CGRect& rect, CGContext& context) {
     context.clipToRect(rect);
     context.clearRect(rect);
     if (isVisible()) {
-        ViewRenderer(context).draw(*this, rect);
+        drawTree(context, rect);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "Player/Overlay/Bars/TimeLabel.h"
 
 #include "Platform/UIKit/UIFont.h"
+#include "Platform/UIKit/UITouch.h"
 
 #include <utility>
 

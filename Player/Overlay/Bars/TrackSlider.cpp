@@ -1,5 +1,7 @@
 #include "Player/Overlay/Bars/TrackSlider.h"
 
+#include "Platform/UIKit/UITouch.h"
+
 namespace KivUICore::Overlay {
 
 using namespace CoreGraphics;

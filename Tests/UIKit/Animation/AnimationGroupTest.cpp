@@ -11,7 +11,8 @@ using UIKit::AnimationCurve;
 using UIKit::AnimationGroup;
 
 TEST(AnimationGroupTest, ProgressGoesFromItsStartToItsEnd) {
-    AnimationGroup group(1.0, 2.0, AnimationCurve::Linear, nullptr);
+    AnimationGroup group(2.0, AnimationCurve::Linear, nullptr);
+    group.begin(1.0);
     EXPECT_EQ(group.end(), 3.0);
     const std::vector<std::pair<double, double>> expected{{0.0, 0.0}, {1.0, 0.0},  {2.0, 0.5},
                                                           {3.0, 1.0}, {10.0, 1.0}, {infinity, 1.0}};
@@ -22,7 +23,8 @@ TEST(AnimationGroupTest, ProgressGoesFromItsStartToItsEnd) {
 }
 
 TEST(AnimationGroupTest, WithoutADurationProgressJumps) {
-    AnimationGroup group(1.0, 0.0, AnimationCurve::EaseIn, nullptr);
+    AnimationGroup group(0.0, AnimationCurve::EaseIn, nullptr);
+    group.begin(1.0);
     group.moveTo(0.999);
     EXPECT_EQ(group.progress(), 0.0);
     group.moveTo(1.0);
@@ -30,7 +32,8 @@ TEST(AnimationGroupTest, WithoutADurationProgressJumps) {
 }
 
 TEST(AnimationGroupTest, RunsWhileItHasChanges) {
-    AnimationGroup group(1.0, 2.0, AnimationCurve::Linear, nullptr);
+    AnimationGroup group(2.0, AnimationCurve::Linear, nullptr);
+    group.begin(1.0);
     EXPECT_TRUE(group.isOver(0.0));
     const auto view = makeView({});
     group.add(view);
@@ -48,7 +51,7 @@ TEST(AnimationGroupTest, RunsWhileItHasChanges) {
 }
 
 TEST(AnimationGroupTest, KnowsEachOfItsViews) {
-    AnimationGroup group(0.0, 1.0, AnimationCurve::Linear, nullptr);
+    AnimationGroup group(1.0, AnimationCurve::Linear, nullptr);
     EXPECT_FALSE(group.hasChanges());
     const auto first = makeView({});
     const auto second = makeView({});
@@ -64,16 +67,16 @@ TEST(AnimationGroupTest, KnowsEachOfItsViews) {
 TEST(AnimationGroupTest, CompletesOnceAndSaysWhetherItWasInterrupted) {
     Log log;
     const auto note = [&](bool finished) { log.push_back(finished ? "finished" : "interrupted"); };
-    AnimationGroup whole(0.0, 1.0, AnimationCurve::Linear, note);
+    AnimationGroup whole(1.0, AnimationCurve::Linear, note);
     whole.complete();
     whole.complete();
     EXPECT_EQ(log, Log{"finished"});
-    AnimationGroup broken(0.0, 1.0, AnimationCurve::Linear, note);
+    AnimationGroup broken(1.0, AnimationCurve::Linear, note);
     broken.add(makeView({}));
     broken.interrupt();
     broken.complete();
     EXPECT_EQ(log, (Log{"finished", "interrupted"}));
-    AnimationGroup(0.0, 1.0, AnimationCurve::Linear, nullptr).complete();
+    AnimationGroup(1.0, AnimationCurve::Linear, nullptr).complete();
 }
 
 } // namespace

@@ -565,7 +565,37 @@ TEST_F(AnimatorTest, ClosureMayDestroyTheHost) {
     host.advance(2.0);
     EXPECT_EQ(shownAlpha(), 0.5);
     EXPECT_EQ(shownFrame(), CGRectMake(0, 0, 5, 5));
-    EXPECT_EQ(calls, 0);
+    EXPECT_EQ(calls, 1) << "the loop of the view's host calls, not the one that was current";
+}
+
+TEST_F(AnimatorTest, ClosureMayDestroyTheCurrentHostBeforeAnythingChanges) {
+    auto other = std::make_unique<KivUICore::Headless::HeadlessHost>(CGSizeMake(10, 10));
+    int calls = 0;
+    UIView::animateWithDuration(
+        1.0, 0.0, linear,
+        [&] {
+            other.reset();
+            view->setAlpha(0.5);
+        },
+        [&](bool) { ++calls; });
+    host.advance(2.0);
+    EXPECT_EQ(shownAlpha(), 0.5);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(AnimatorTest, HostThatGoesInTheClosureTakesTheChangesOfItsViewsAlong) {
+    auto other = std::make_unique<KivUICore::Headless::HeadlessHost>(CGSizeMake(10, 10));
+    const auto inOther = makeView(CGRectMake(0, 0, 5, 5));
+    other->window()->addSubview(inOther);
+    UIView::animateWithDuration(1.0, 0.0, linear, [&] {
+        view->setAlpha(0.5);
+        inOther->setAlpha(0.5);
+        other.reset();
+        view->setFrame(CGRectMake(0, 0, 5, 5));
+    });
+    EXPECT_EQ(inOther->presentedAlpha(), 0.5);
+    host.advance(1.0);
+    EXPECT_EQ(shownFrame(), CGRectMake(0, 0, 5, 5));
 }
 
 TEST_F(AnimatorTest, ChangesAfterTheClosureAreNotPartOfIt) {

@@ -13,7 +13,7 @@ class PropertyAnimationsTest : public testing::Test {
 protected:
     /// A group of one change that lasts a second, not yet begun.
     std::shared_ptr<AnimationGroup> makeGroup() {
-        auto made = std::make_shared<AnimationGroup>(0.0, 1.0, AnimationCurve::Linear, nullptr);
+        auto made = std::make_shared<AnimationGroup>(1.0, AnimationCurve::Linear, nullptr);
         made->add(view);
         return made;
     }

@@ -1,7 +1,6 @@
-#include "Platform/UIKit/View/ViewRenderer.h"
-
 #include "Hosts/Headless/HeadlessHost.h"
 #include "Platform/UIKit/UIImage.h"
+#include "Platform/UIKit/UIWindow.h"
 #include "Tests/CoreGraphics/AllocationCounter.h"
 #include "Tests/CoreGraphics/Values.h"
 #include "Tests/UIKit/NullContext.h"
@@ -9,6 +8,7 @@
 
 #include <gtest/gtest.h>
 #include <numbers>
+#include <random>
 
 namespace {
 
@@ -18,7 +18,7 @@ using Foundation::make;
 
 constexpr CGColor red{1, 0, 0, 1};
 
-class ViewRendererTest : public testing::Test {
+class UIViewDrawingTest : public testing::Test {
 protected:
     void SetUp() override { host.draw(); }
 
@@ -49,7 +49,7 @@ protected:
     KivUICore::Headless::HeadlessHost host{{100, 100}};
 };
 
-TEST_F(ViewRendererTest, DrawsBackgroundContentAndSubviewsInThisOrder) {
+TEST_F(UIViewDrawingTest, DrawsBackgroundContentAndSubviewsInThisOrder) {
     class Content : public UIView {
         void drawRect(CGContext& context, const CGRect& rect) override {
             context.fillRect(rect, {0, 1, 0, 1});
@@ -80,7 +80,7 @@ TEST_F(ViewRendererTest, DrawsBackgroundContentAndSubviewsInThisOrder) {
     EXPECT_EQ(drawEverything(), expected);
 }
 
-TEST_F(ViewRendererTest, DrawsOnlyWhatMeetsTheDamage) {
+TEST_F(UIViewDrawingTest, DrawsOnlyWhatMeetsTheDamage) {
     std::vector<std::string> drawn;
     for (const CGFloat x : {0.0, 50.0}) {
         const auto view = makeProbe(CGRectMake(x, 0, 50, 50));
@@ -100,7 +100,7 @@ TEST_F(ViewRendererTest, DrawsOnlyWhatMeetsTheDamage) {
               std::vector{CGDrawing::ClearRect{CGRectMake(50, 0, 10, 10)}});
 }
 
-TEST_F(ViewRendererTest, SubviewOutsideItsSuperviewIsDrawnWithoutIt) {
+TEST_F(UIViewDrawingTest, SubviewOutsideItsSuperviewIsDrawnWithoutIt) {
     const auto view = makeView(CGRectMake(0, 0, 10, 10));
     const auto outside = makeView(CGRectMake(50, 50, 10, 10));
     view->addSubview(outside);
@@ -110,7 +110,7 @@ TEST_F(ViewRendererTest, SubviewOutsideItsSuperviewIsDrawnWithoutIt) {
               (std::vector{CGDrawing::FillRect{CGRectMake(0, 0, 10, 10), red}}));
 }
 
-TEST_F(ViewRendererTest, ContentIsAskedForNoMoreThanItsBounds) {
+TEST_F(UIViewDrawingTest, ContentIsAskedForNoMoreThanItsBounds) {
     const auto view = makeProbe(CGRectMake(10, 10, 20, 20));
     std::vector<CGRect> asked;
     view->onDraw = [&](const CGRect& rect) { asked.push_back(rect); };
@@ -124,7 +124,7 @@ TEST_F(ViewRendererTest, ContentIsAskedForNoMoreThanItsBounds) {
     EXPECT_EQ(asked, std::vector{CGRectMake(15, 15, 5, 5)});
 }
 
-TEST_F(ViewRendererTest, ClippingCutsSubviewsAtTheBounds) {
+TEST_F(UIViewDrawingTest, ClippingCutsSubviewsAtTheBounds) {
     const auto view = makeView(CGRectMake(10, 10, 20, 20));
     const auto wide = makeView(CGRectMake(-5, -5, 50, 50));
     const auto outside = makeView(CGRectMake(30, 30, 10, 10));
@@ -139,7 +139,7 @@ TEST_F(ViewRendererTest, ClippingCutsSubviewsAtTheBounds) {
     EXPECT_EQ(all<CGDrawing::FillRect>(drawEverything()).size(), 3u);
 }
 
-TEST_F(ViewRendererTest, PartlyTransparentViewFadesAsOneGroupWithWhatIsInIt) {
+TEST_F(UIViewDrawingTest, PartlyTransparentViewFadesAsOneGroupWithWhatIsInIt) {
     const auto view = makeView(CGRectMake(10, 10, 20, 20));
     view->addSubview(makeView(CGRectMake(15, 15, 20, 20)));
     view->addSubview(makeView(CGRectMake(0, 0, 5, 5)));
@@ -152,7 +152,7 @@ TEST_F(ViewRendererTest, PartlyTransparentViewFadesAsOneGroupWithWhatIsInIt) {
     EXPECT_EQ(all<CGDrawing::FillRect>(operations).size(), 3u);
 }
 
-TEST_F(ViewRendererTest, GroupsNestAndOpaqueViewsMakeNone) {
+TEST_F(UIViewDrawingTest, GroupsNestAndOpaqueViewsMakeNone) {
     const auto view = makeView(CGRectMake(10, 10, 20, 20));
     view->addSubview(makeView(CGRectMake(0, 0, 5, 5)));
     add(view);
@@ -165,7 +165,7 @@ TEST_F(ViewRendererTest, GroupsNestAndOpaqueViewsMakeNone) {
     EXPECT_EQ(groups[1].alpha, 0.25);
 }
 
-TEST_F(ViewRendererTest, AlphaIsCutToItsRange) {
+TEST_F(UIViewDrawingTest, AlphaIsCutToItsRange) {
     const auto view = makeView(CGRectMake(10, 10, 20, 20));
     add(view);
     view->setAlpha(1.5);
@@ -177,7 +177,7 @@ TEST_F(ViewRendererTest, AlphaIsCutToItsRange) {
     }
 }
 
-TEST_F(ViewRendererTest, HiddenAndFlatViewsAreNotDrawn) {
+TEST_F(UIViewDrawingTest, HiddenAndFlatViewsAreNotDrawn) {
     const auto view = makeView(CGRectMake(10, 10, 20, 20));
     view->addSubview(makeView(CGRectMake(0, 0, 5, 5)));
     add(view);
@@ -188,7 +188,7 @@ TEST_F(ViewRendererTest, HiddenAndFlatViewsAreNotDrawn) {
     EXPECT_TRUE(all<CGDrawing::FillRect>(drawEverything()).empty());
 }
 
-TEST_F(ViewRendererTest, WindowItselfMayBeHiddenOrFade) {
+TEST_F(UIViewDrawingTest, WindowItselfMayBeHiddenOrFade) {
     add(makeView(CGRectMake(0, 0, 20, 20)));
     host.window()->setAlpha(0.5);
     auto operations = drawEverything();
@@ -200,7 +200,7 @@ TEST_F(ViewRendererTest, WindowItselfMayBeHiddenOrFade) {
     EXPECT_TRUE(all<CGDrawing::FillRect>(operations).empty());
 }
 
-TEST_F(ViewRendererTest, PatternFillsTheBackground) {
+TEST_F(UIViewDrawingTest, PatternFillsTheBackground) {
     const auto cell =
         std::make_shared<const CGDrawing>(CGSizeMake(4, 4), std::vector<CGDrawing::Operation>{});
     const auto view = make<UIView>(CGRectMake(10, 10, 20, 20));
@@ -212,14 +212,14 @@ TEST_F(ViewRendererTest, PatternFillsTheBackground) {
     EXPECT_TRUE(all<CGDrawing::FillPattern>(drawEverything()).empty());
 }
 
-TEST_F(ViewRendererTest, ClearBackgroundsDrawNothing) {
+TEST_F(UIViewDrawingTest, ClearBackgroundsDrawNothing) {
     const auto view = make<UIView>(CGRectMake(10, 10, 20, 20));
     view->setBackgroundColor(make<UIColor>(1.0, 1.0, 1.0, 0.0));
     add(view);
     EXPECT_TRUE(all<CGDrawing::FillRect>(drawEverything()).empty());
 }
 
-TEST_F(ViewRendererTest, TransformedViewIsDrawnInItsOwnCoordinates) {
+TEST_F(UIViewDrawingTest, TransformedViewIsDrawnInItsOwnCoordinates) {
     const auto view = makeView(CGRectMake(10, 10, 20, 20));
     view->setTransform(CGAffineTransformMakeRotation(std::numbers::pi / 2));
     view->setBounds(CGRectMake(100, 100, 20, 20));
@@ -234,7 +234,7 @@ TEST_F(ViewRendererTest, TransformedViewIsDrawnInItsOwnCoordinates) {
     EXPECT_NEAR(onScreen.size.width, 20, 1e-9);
 }
 
-TEST_F(ViewRendererTest, AllocatesNothing) {
+TEST_F(UIViewDrawingTest, AllocatesNothing) {
     for (int row = 0; row < 4; ++row) {
         const auto bar = makeView(CGRectMake(0, row * 25.0, 100, 20));
         for (int column = 0; column < 4; ++column) {
@@ -266,6 +266,83 @@ TEST_F(ViewRendererTest, AllocatesNothing) {
     host.runLoop().turn();
     host.window()->display(context);
     EXPECT_EQ(allocationCount(), beforeFrame);
+}
+
+/// Where a view and what is in it reach, looked at anew.
+CGRect reach(const UIView& view) {
+    CGRect extent = view.bounds();
+    for (const std::shared_ptr<UIView>& each : view.subviews()) {
+        if (!view.clipsToBounds() && !each->isHidden() && each->alpha() > 0.0) {
+            extent = CGRectUnion(extent, each->convertRectToView(reach(*each), view));
+        }
+    }
+    return extent;
+}
+
+TEST_F(UIViewDrawingTest, ExtentIsRightWhateverHasChanged) {
+    std::mt19937 random(20261122);
+    const auto below = [&random](int bound) {
+        return static_cast<int>(random() % static_cast<unsigned>(bound));
+    };
+    const auto rect = [&below] {
+        return CGRectMake(below(80) - 20, below(80) - 20, below(40) + 1, below(40) + 1);
+    };
+    const auto top = makeView(CGRectMake(20, 20, 50, 50));
+    top->setAlpha(0.5);
+    add(top);
+    std::vector<std::shared_ptr<UIView>> views{top};
+    for (int index = 0; index < 12; ++index) {
+        views.push_back(makeView(rect()));
+        views[static_cast<std::size_t>(below(index + 1))]->addSubview(views.back());
+    }
+    for (int step = 0; step < 3000; ++step) {
+        const auto& view = views[1 + static_cast<std::size_t>(below(12))];
+        const auto& other = views[static_cast<std::size_t>(below(13))];
+        switch (below(9)) {
+        case 0:
+            view->setFrame(rect());
+            break;
+        case 1:
+            view->setBounds(rect());
+            break;
+        case 2:
+            view->setTransform(CGAffineTransformMakeScale(1 + below(3), 1 + below(2)));
+            break;
+        case 3:
+            view->setAlpha(below(2));
+            break;
+        case 4:
+            view->setHidden(below(2) == 0);
+            break;
+        case 5:
+            view->setClipsToBounds(below(2) == 0);
+            break;
+        case 6:
+            if (!other->isDescendantOfView(*view)) {
+                other->addSubview(view);
+            }
+            break;
+        case 7:
+            UIView::animateWithDuration(0.5, 0.0, UIKit::UIViewAnimationOptionCurveLinear, [&] {
+                view->setFrame(rect());
+                other->setAlpha(other == top ? 0.5 : below(2));
+            });
+            host.advance(0.25);
+            host.advance(0.25);
+            break;
+        default:
+            view->removeFromSuperview();
+            break;
+        }
+        const auto groups = all<CGDrawing::BeginGroup>(drawEverything());
+        ASSERT_FALSE(groups.empty());
+        const CGRect expected = reach(*top);
+        const CGRect extent = groups[0].bounds;
+        ASSERT_NEAR(CGRectGetMinX(extent), CGRectGetMinX(expected), 1e-6) << step;
+        ASSERT_NEAR(CGRectGetMinY(extent), CGRectGetMinY(expected), 1e-6) << step;
+        ASSERT_NEAR(CGRectGetMaxX(extent), CGRectGetMaxX(expected), 1e-6) << step;
+        ASSERT_NEAR(CGRectGetMaxY(extent), CGRectGetMaxY(expected), 1e-6) << step;
+    }
 }
 
 } // namespace

@@ -58,6 +58,7 @@ bool OverlaySurface::isBlank() const {
 
 std::span<const PixelRect> OverlaySurface::draw(UIKit::UIWindow& window) {
     changed_.clear();
+    window.layoutIfNeeded();
     for (const CGRect& rect : window.damage().rects()) {
         const PixelRect pixels = pixelsAround(rect, scale_, size_);
         if (pixels.width > 0 && pixels.height > 0) {

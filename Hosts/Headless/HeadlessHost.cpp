@@ -40,6 +40,7 @@ void HeadlessHost::advance(double seconds) {
         clock_ = end;
         runLoop_.turn();
     }
+    window_->layoutIfNeeded();
 }
 
 double HeadlessHost::nextMoment() const {

@@ -22,7 +22,8 @@ public:
 
     /// Lets `seconds` pass, turning the run loop at each moment at which it has work, as a host that blocks
     /// in between would. At least one turn. The clock ends at just the time that was wanted, however many
-    /// steps led there; what is due within the run loop's tolerance after it is done too.
+    /// steps led there; what is due within the run loop's tolerance after it is done too. Everything is laid
+    /// out then, as it is in a host that draws.
     void advance(double seconds);
 
     /// `location` in the window's coordinates.

@@ -71,8 +71,8 @@ public:
     CoreGraphics::CGFloat contentOffset() const { return bounds().origin.y; }
     void setContentOffset(CoreGraphics::CGFloat offset);
 
-    void setFrame(const CoreGraphics::CGRect& frame) override;
     void setBounds(const CoreGraphics::CGRect& bounds) override;
+    void layoutSubviews() override;
 
     std::shared_ptr<UIView> hitTest(const CoreGraphics::CGPoint& point) override;
     void touchesBegan(const UITouch& touch) override;

@@ -42,14 +42,12 @@ public:
     virtual bool isSelected() const;
     virtual void setSelected(bool selected, bool animated);
 
-    void setFrame(const CoreGraphics::CGRect& frame) override;
-    void setBounds(const CoreGraphics::CGRect& bounds) override;
+    void layoutSubviews() override;
     void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
 
 private:
     class ImageView;
 
-    void layOut();
     CoreGraphics::CGFloat textStart() const;
     void updateTint();
 

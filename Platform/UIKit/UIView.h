@@ -64,6 +64,18 @@ public:
     virtual UIViewAutoresizing autoresizingMask() const;
     virtual void setAutoresizingMask(UIViewAutoresizing mask);
 
+    /// Has `layoutSubviews` called in the window's next pass, before it draws; a new size does so by itself.
+    virtual void setNeedsLayout();
+
+    /// Lays out at once what is marked, this view and those in it: the outer ones first, and each once unless
+    /// it is marked again meanwhile. One that marks itself each time is left for the next pass after some
+    /// rounds. An exception passes through, and what has not been laid out stays marked.
+    virtual void layoutIfNeeded();
+
+    /// Gives the subviews their places; called by a pass for a view that is marked. Nothing by default: what
+    /// follows a size by autoresizing has done so already.
+    virtual void layoutSubviews() {}
+
     /// The size that suits the view best in at most `size`; its present one unless a subclass knows better.
     virtual CoreGraphics::CGSize sizeThatFits(const CoreGraphics::CGSize& size) const;
 
@@ -210,6 +222,9 @@ protected:
     /// Whether any of it shows.
     bool isVisible() const { return !isHidden_ && presentedAlpha() > 0.0; }
 
+    /// Whether this view, or one in it, is to be laid out.
+    bool awaitsLayout() const { return needsLayout_ || holdsMarked_; }
+
     /// Draws the view and what is in it, faded if it is partly transparent, where it meets `dirty`, all in
     /// the view's own coordinates and as its animations show it at present. Allocates nothing. The context's
     /// state is the caller's to restore.
@@ -245,6 +260,10 @@ private:
     void setGeometry(const ViewGeometry& geometry);
     void setBox(const CoreGraphics::CGRect& box);
     void resizeSubviews(const CoreGraphics::CGSize& oldSize);
+    void sizeChanged(const CoreGraphics::CGSize& oldSize);
+
+    void markHolders();
+    void layOutTree();
 
     void invalidateExtent();
     void invalidateRect(const CoreGraphics::CGRect& rect);
@@ -278,6 +297,10 @@ private:
     bool isOpaque_ = false;
     bool clipsToBounds_ = false;
     bool isUserInteractionEnabled_ = true;
+    bool needsLayout_ = false;
+
+    // One inside needs layout; so says each view around it.
+    bool holdsMarked_ = false;
 
     // Cleared by the superview when it goes.
     UIView* superview_ = nullptr;

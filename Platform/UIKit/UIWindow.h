@@ -22,8 +22,9 @@ public:
     bool init(const CoreGraphics::CGRect& frame) override;
 
     /// One step of a touch, `location` in the window's coordinates. A touch that begins is captured by the
-    /// view under it, which hears all the rest; steps of a touch that isn't down are ignored, and so is a
-    /// second beginning of one that is. May be called with several touches down at once.
+    /// view under it, as everything is laid out by then, which hears all the rest; steps of a touch that
+    /// isn't down are ignored, and so is a second beginning of one that is. May be called with several
+    /// touches down at once.
     void sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const CoreGraphics::CGPoint& location);
 
     /// Cancels all touches that are down: when the window loses the pointer or the focus.
@@ -49,10 +50,10 @@ public:
     /// The modal view on top; nothing when there is none.
     std::shared_ptr<UIView> modalView() const;
 
-    /// True while anything that is visible differs from what was drawn last.
-    bool needsDisplay() const { return !damage_.isEmpty(); }
+    /// True while anything that is visible differs from what was drawn last, or is to be laid out.
+    bool needsDisplay() const { return !damage_.isEmpty() || awaitsLayout(); }
 
-    /// What must be drawn again, in the window's coordinates.
+    /// What must be drawn again, in the window's coordinates; all of it once everything is laid out.
     const CoreGraphics::DamageRegion& damage() const { return damage_; }
 
     /// Pixels a point, 1.0 at first. Damage covers whole pixels, so that what is drawn again meets what isn't
@@ -63,9 +64,9 @@ public:
     /// Makes everything need drawing: after the host lost its pixels.
     void setNeedsDisplayEverywhere();
 
-    /// Draws each damaged rectangle, clipped to it and cleared first, and forgets the damage. `context` is in
-    /// the window's coordinates. Allocates nothing. An exception from a view passes through: what has not
-    /// been drawn stays damaged, and what the window saved of the context is restored.
+    /// Lays out what needs it, draws each damaged rectangle, clipped to it and cleared first, and forgets the
+    /// damage. `context` is in the window's coordinates. Allocates nothing. An exception from a view passes
+    /// through: what has not been drawn stays damaged, and what the window saved of the context is restored.
     void display(CoreGraphics::CGContext& context);
 
 protected:

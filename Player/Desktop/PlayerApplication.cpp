@@ -121,7 +121,6 @@ void PlayerApplication::tellNotice(const Overlay::PlaybackError& problem) {
 }
 
 void PlayerApplication::windowWasResized() {
-    overlay_->hostViewWasResized();
     playback_.setBottomInset(Overlay::PlayerOverlay::bottomInset() /
                              CoreGraphics::CGRectGetHeight(window_->views()->bounds()));
 }

@@ -27,6 +27,12 @@ UITouch withoutView(UITouch touch) {
 
 } // namespace
 
+void HostView::layoutSubviews() {
+    if (const std::function<void()> handler = onLayout_) {
+        handler();
+    }
+}
+
 void HostView::touchesBegan(const UITouch& touch) {
     // One that a bar handed on is not meant for the picture.
     down_ = touch.view.get() == this ? std::optional(withoutView(touch)) : std::nullopt;

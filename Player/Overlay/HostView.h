@@ -18,6 +18,10 @@ public:
     /// same place.
     void setDoubleTapHandler(std::function<void()> handler) { onDoubleTap_ = std::move(handler); }
 
+    /// Called when what is in the picture must be laid out: it has another size.
+    void setLayoutHandler(std::function<void()> handler) { onLayout_ = std::move(handler); }
+
+    void layoutSubviews() override;
     void touchesBegan(const UIKit::UITouch& touch) override;
     void touchesMoved(const UIKit::UITouch& /*touch*/) override {}
     void touchesEnded(const UIKit::UITouch& touch) override;
@@ -26,6 +30,7 @@ public:
 private:
     std::function<void()> onTouch_;
     std::function<void()> onDoubleTap_;
+    std::function<void()> onLayout_;
     std::optional<UIKit::UITouch> down_;
     std::optional<UIKit::UITouch> lastTap_;
 };

@@ -52,8 +52,8 @@ PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playbac
           hostView_, [this] { goBack(); }, [this] { openMenu(MenuKind::Main, title_.menuButton()); }),
       transport_(hostView_, transportActions()), bubble_(hostView_),
       policy_({title_.bar(), transport_.bar()}, hideDelay) {
-    // A bar travels to a new frame over half a second. While somebody drags the window's edge it would trail
-    // behind, so the edges follow by themselves and what travels is what is inside.
+    // A bar that is told a new frame travels there over half a second. While somebody drags the window's edge
+    // it would trail behind, so the bars follow by themselves, and a layout pass places what is in them.
     title_.bar()->view()->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth);
     transport_.bar()->view()->setAutoresizingMask(UIKit::UIViewAutoresizingFlexibleWidth |
                                                   UIKit::UIViewAutoresizingFlexibleTopMargin);
@@ -61,15 +61,17 @@ PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playbac
     transport_.bar()->setFadeHandler([this] { barsDidFade(); });
     hostView_->setTouchHandler([this] { policy_.noteActivity(); });
     hostView_->setDoubleTapHandler([this] { toggleFullScreen(); });
+    hostView_->setLayoutHandler([this] { layOut(); });
+    hostView_->setNeedsLayout();
     MediaPlayer::MPRouteProvider::install(routes_, hostView_);
     playback_.setChangeHandler([this] { playbackDidChange(); });
-    layOutBetweenBars();
     refresh();
 }
 
 PlayerOverlay::~PlayerOverlay() {
     playback_.setChangeHandler(nullptr);
     menu_->close();
+    hostView_->setLayoutHandler(nullptr);
     hostView_->removeFromSuperview();
 }
 
@@ -120,9 +122,9 @@ void PlayerOverlay::endScrubbing() {
     refresh();
 }
 
-void PlayerOverlay::hostViewWasResized() {
-    title_.bar()->updateBarFrameWithFrame(hostView_->frame());
-    transport_.bar()->updateBarFrameWithFrame(hostView_->frame());
+void PlayerOverlay::layOut() {
+    title_.bar()->layOut();
+    transport_.bar()->layOut();
     layOutBetweenBars();
     updateBubble();
     holdWhileOnBar();
@@ -148,7 +150,13 @@ void PlayerOverlay::playbackDidChange() {
     refresh();
 }
 
+// The player tells of a change in nobody's time.
+Foundation::NSRunLoop::Scope PlayerOverlay::inOwnTime() const {
+    return Foundation::NSRunLoop::Scope(&hostView_->runLoop());
+}
+
 void PlayerOverlay::refresh() {
+    const Foundation::NSRunLoop::Scope current = inOwnTime();
     const PlaybackState& state = playback_.state();
     policy_.setHold(Hold::Paused, state.isPaused);
     policy_.setHold(Hold::Ended, state.hasEnded);
@@ -171,6 +179,7 @@ void PlayerOverlay::pointerMoved(const CGPoint& location) {
         return;
     }
     pointer_ = location;
+    hostView_->layoutIfNeeded();
     policy_.noteActivity();
     holdWhileOnBar();
     updateBubble();
@@ -254,6 +263,7 @@ void PlayerOverlay::run(const KeyCommand& command) {
 void PlayerOverlay::scrolled(CGFloat notches) { changeVolume(notches * volumeStep); }
 
 void PlayerOverlay::changeVolume(double difference) {
+    const Foundation::NSRunLoop::Scope current = inOwnTime();
     const double volume = film_.changeVolume(difference);
     const char* muted = playback_.state().isMuted ? ", muted" : "";
     status_.showNotice("Volume " + std::to_string(std::lround(volume * percent)) + " %" + muted);
@@ -298,8 +308,14 @@ void PlayerOverlay::barsDidFade() {
     }
 }
 
-void PlayerOverlay::showNotice(const std::string& text) { status_.showNotice(text); }
+void PlayerOverlay::showNotice(const std::string& text) {
+    const Foundation::NSRunLoop::Scope current = inOwnTime();
+    status_.showNotice(text);
+}
 
-void PlayerOverlay::showProblem(const PlaybackError& problem) { status_.showProblem(problem); }
+void PlayerOverlay::showProblem(const PlaybackError& problem) {
+    const Foundation::NSRunLoop::Scope current = inOwnTime();
+    status_.showProblem(problem);
+}
 
 } // namespace KivUICore::Overlay

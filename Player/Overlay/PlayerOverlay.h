@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/CoreGraphics/CGGeometry.h"
+#include "Platform/Foundation/NSRunLoop.h"
 #include "Player/Overlay/Bars/AutoHidePolicy.h"
 #include "Player/Overlay/Bars/ScrubBubble.h"
 #include "Player/Overlay/Bars/TitleControls.h"
@@ -46,9 +47,6 @@ public:
     const ScrubBubble& scrubBubble() const { return bubble_; }
     const AutoHidePolicy& autoHidePolicy() const { return policy_; }
 
-    /// Lays the bars out anew. Call it after each change of the root's size.
-    void hostViewWasResized();
-
     /// The pointer is at `location`, in the root's coordinates, whether its button is held or not; or it left
     /// the window.
     void pointerMoved(const CoreGraphics::CGPoint& location);
@@ -71,8 +69,10 @@ public:
 
 private:
     TransportControls::Actions transportActions();
+    void layOut();
     void layOutBetweenBars();
     void playbackDidChange();
+    Foundation::NSRunLoop::Scope inOwnTime() const;
     void refresh();
     void run(const KeyCommand& command);
     void goBack();

@@ -681,7 +681,7 @@ TEST_F(PlayerControlsTest, PointerOnABarHoldsTheBarsUntilItLeaves) {
 TEST_F(PlayerControlsTest, BarThatMovesAwayFromThePointerLetsGo) {
     overlay.pointerMoved({320.0, 350.0});
     host.window()->setFrame(CGRectMake(0.0, 0.0, 640.0, 480.0));
-    overlay.hostViewWasResized();
+    host.window()->layoutIfNeeded();
     EXPECT_EQ(reason(), "recent activity");
 }
 
@@ -740,7 +740,7 @@ TEST_F(PlayerControlsTest, PointerOverTheTrackShowsTheTimeUnderIt) {
 
 TEST_F(PlayerControlsTest, BubbleStaysInTheWindowAtTheEndsOfTheTrack) {
     host.window()->setFrame(CGRectMake(0.0, 0.0, 320.0, 180.0));
-    overlay.hostViewWasResized();
+    host.window()->layoutIfNeeded();
     for (double x = 0.0; x < 320.0; x += 1.0) {
         overlay.pointerMoved({x, 170.0});
         const CGRect bubble = overlay.scrubBubble().view()->frame();
@@ -753,7 +753,7 @@ TEST_F(PlayerControlsTest, BubbleStaysInTheWindowAtTheEndsOfTheTrack) {
 TEST_F(PlayerControlsTest, BubbleGoesWithTheHandleWhenTheWindowIsResized) {
     host.touchDown(trackMiddle);
     host.window()->setFrame(CGRectMake(0.0, 0.0, 960.0, 540.0));
-    overlay.hostViewWasResized();
+    host.window()->layoutIfNeeded();
     const CGRect bubble = overlay.scrubBubble().view()->frame();
     const CGPoint handle = overlay.transportControls().pointOver(50.0);
     EXPECT_NE(handle.x, trackMiddle.x);
@@ -765,7 +765,7 @@ TEST_F(PlayerControlsTest, BubbleGoesWithTheHandleWhenTheWindowIsResized) {
 TEST_F(PlayerControlsTest, BubbleGoesWhenTheTrackIsResizedAwayFromThePointer) {
     overlay.pointerMoved(trackMiddle);
     host.window()->setFrame(CGRectMake(0.0, 0.0, 960.0, 540.0));
-    overlay.hostViewWasResized();
+    host.window()->layoutIfNeeded();
     EXPECT_TRUE(overlay.scrubBubble().view()->isHidden());
 }
 
@@ -819,7 +819,7 @@ TEST_F(PlayerControlsTest, LowWindowTellsOfAnErrorJustWhatWentWrong) {
     playback.tell();
     const auto resize = [this](double height) {
         host.window()->setFrame({{0.0, 0.0}, {640.0, height}});
-        overlay.hostViewWasResized();
+        host.window()->layoutIfNeeded();
         host.advance(1.0);
         return texts().front();
     };
@@ -978,7 +978,7 @@ TEST_F(PlayerControlsTest, ControlsKeepTheirTargetsAtEverySize) {
             playback.now.duration = duration;
             playback.tell();
             host.window()->setFrame(CGRect{{}, size});
-            overlay.hostViewWasResized();
+            host.window()->layoutIfNeeded();
             for (const auto& slot : overlay.transportControls().bar()->view()->subviews()) {
                 const CGRect frame = slot->frame();
                 EXPECT_TRUE(slot->isHidden() || (frame.size.width >= 40.0 && frame.size.height >= 40.0));
@@ -991,7 +991,7 @@ TEST_F(PlayerControlsTest, ControlsKeepTheirTargetsAtEverySize) {
 TEST_F(PlayerControlsTest, NarrowestWindowKeepsPlayAndTrackAndMoreRoomBringsTheTimePassedFirst) {
     const auto widths = [this](double width) {
         host.window()->setFrame(CGRectMake(0.0, 0.0, width, 180.0));
-        overlay.hostViewWasResized();
+        host.window()->layoutIfNeeded();
         std::vector<bool> isThere;
         for (const auto& slot : overlay.transportControls().bar()->view()->subviews()) {
             isThere.push_back(!slot->isHidden() && CGRectGetWidth(slot->frame()) > 0.0);

@@ -40,7 +40,7 @@ class PlayerOverlayTest : public testing::Test {
 protected:
     void resize(double width, double height) {
         host.window()->setFrame(CGRectMake(0.0, 0.0, width, height));
-        overlay.hostViewWasResized();
+        host.window()->layoutIfNeeded();
     }
 
     void expectDocked(double width, double height) {
@@ -95,6 +95,36 @@ TEST_F(PlayerOverlayTest, WindowLowerThanTheBarsIsSurvived) {
     resize(640.0, 360.0);
     host.advance(1.0);
     expectDocked(640.0, 360.0);
+}
+
+TEST_F(PlayerOverlayTest, ResizeTakesOneLayoutPassAndNoAnimation) {
+    playback.now.isPaused = true;
+    playback.tell();
+    host.advance(1.0);
+    for (const double width : {700.0, 750.0, 800.0}) {
+        host.window()->setFrame(CGRectMake(0.0, 0.0, width, 450.0));
+    }
+    EXPECT_EQ(host.runLoop().timeUntilNextWork(), std::nullopt);
+    host.draw();
+    EXPECT_FALSE(host.window()->needsDisplay());
+    EXPECT_EQ(host.runLoop().timeUntilNextWork(), std::nullopt);
+    expectDocked(800.0, 450.0);
+}
+
+TEST_F(PlayerOverlayTest, LivesInTheTimeOfItsOwnHost) {
+    playback.now.duration = 100.0;
+    playback.tell();
+    host.advance(1.0);
+    Headless::HeadlessHost later({100.0, 100.0});
+    overlay.pointerMoved({320.0, 100.0});
+    overlay.showNotice("Muted");
+    playback.now.position = 2.0;
+    playback.tell();
+    EXPECT_EQ(later.runLoop().timeUntilNextWork(), std::nullopt);
+    later.advance(10.0);
+    EXPECT_EQ(overlay.transportControls().bar()->view()->alpha(), 1.0);
+    host.advance(10.0);
+    EXPECT_EQ(overlay.transportControls().bar()->view()->alpha(), 0.0);
 }
 
 } // namespace

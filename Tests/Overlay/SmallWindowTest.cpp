@@ -30,7 +30,7 @@ protected:
         playback.now.position = duration;
         playback.tell();
         host.window()->setFrame({{}, size});
-        overlay.hostViewWasResized();
+        host.window()->layoutIfNeeded();
         host.advance(1.0);
     }
 

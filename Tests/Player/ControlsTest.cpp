@@ -37,7 +37,7 @@ int trackPlace(double time) {
     film.now.duration = length;
     Overlay::FakeWindow window;
     Overlay::PlayerOverlay overlay(root, film, window);
-    overlay.hostViewWasResized();
+    root->layoutIfNeeded();
     return static_cast<int>(std::lround(overlay.transportControls().pointOver(time).x));
 }
 

@@ -66,8 +66,7 @@ public:
     }
     using UIView::init;
 
-    void setFrame(const CGRect& frame) override {
-        UIView::setFrame(frame);
+    void layoutSubviews() override {
         shape_ = {};
         shape_.addRoundedRect(bounds(), popoverCornerRadius);
         const std::vector<std::shared_ptr<UIView>> contents = subviews();

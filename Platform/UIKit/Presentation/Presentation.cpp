@@ -24,40 +24,6 @@ std::function<void(bool)> afterAnimation(std::function<void()> call) {
 
 } // namespace
 
-/// The presentations of a run loop that are laid out again when it turns next.
-class Presentation::LaterLayouts : public Foundation::NSRunLoop::Source {
-public:
-    explicit LaterLayouts(Foundation::NSRunLoop& loop) : loop_(loop) {}
-
-    void add(const std::shared_ptr<Presentation>& presentation) {
-        const bool isKnown = std::any_of(waiting_.begin(), waiting_.end(), [&presentation](const auto& each) {
-            return each.lock() == presentation;
-        });
-        if (!isKnown) {
-            waiting_.push_back(presentation);
-        }
-    }
-
-    std::optional<double> nextWork() const override {
-        return waiting_.empty() ? std::nullopt : std::optional(loop_.now());
-    }
-
-    // Those that come meanwhile wait for the next turn, and so do those that an exception keeps from theirs.
-    void turn(double /*now*/) override {
-        for (std::size_t count = waiting_.size(); count > 0; --count) {
-            const std::shared_ptr<Presentation> presentation = waiting_.front().lock();
-            waiting_.pop_front();
-            if (presentation) {
-                presentation->layOut();
-            }
-        }
-    }
-
-private:
-    Foundation::NSRunLoop& loop_;
-    std::deque<std::weak_ptr<Presentation>> waiting_;
-};
-
 Presentation::Presentation(std::shared_ptr<PresentationStyle> style,
                            std::shared_ptr<UIViewController> presented,
                            const std::shared_ptr<UIViewController>& presenting)
@@ -127,11 +93,7 @@ void Presentation::layOut(const std::shared_ptr<UIView>& content) {
     const std::shared_ptr<UIView> container = container_;
     content_ = content;
     style->layOutContent(*container, content);
-}
-
-void Presentation::containerDidResize() {
-    layOut();
-    Foundation::NSRunLoop::currentRunLoop().source<LaterLayouts>().add(shared_from_this());
+    container->layoutIfNeeded();
 }
 
 bool Presentation::closeFromOutside() {
@@ -144,6 +106,7 @@ bool Presentation::closeFromOutside() {
 
 void Presentation::dismiss(Cause cause, bool animated, std::function<void()> completion) {
     const std::shared_ptr<Presentation> alive = shared_from_this();
+    const Foundation::NSRunLoop::Scope current(container_ ? &container_->runLoop() : nullptr);
     if (isShown()) {
         cause_ = cause;
     }

@@ -49,12 +49,10 @@ public:
 
     bool closeFromOutside() override;
 
-    /// Lays out, now and once the program has put the rest in its place.
-    void containerDidResize() override;
+    void containerDidResize() override { layOut(); }
     void containerDidLeaveWindow() override { end(); }
 
 private:
-    class LaterLayouts;
     enum class State { Preparing, Shown, Dismissing, Over };
 
     bool isShown() const { return state_ == State::Shown; }

@@ -13,8 +13,7 @@ bool PresentationView::init(const CGRect& frame, const std::shared_ptr<Owner>& o
     return UIView::init(frame);
 }
 
-void PresentationView::setFrame(const CGRect& frame) {
-    UIView::setFrame(frame);
+void PresentationView::layoutSubviews() {
     if (const std::shared_ptr<Owner> owner = owner_.lock()) {
         owner->containerDidResize();
     }

@@ -27,7 +27,7 @@ public:
     using UIView::init;
     bool init(const CoreGraphics::CGRect& frame, const std::shared_ptr<Owner>& owner);
 
-    void setFrame(const CoreGraphics::CGRect& frame) override;
+    void layoutSubviews() override;
     void touchesBegan(const UITouch& touch) override;
     void touchesMoved(const UITouch& /*touch*/) override {}
     void touchesEnded(const UITouch& /*touch*/) override {}

@@ -235,23 +235,21 @@ void UITableView::setContentOffset(CGFloat offset) {
     }
 }
 
-void UITableView::setFrame(const CGRect& frame) {
+void UITableView::setBounds(const CGRect& bounds) {
     const std::shared_ptr<UITableView> alive = self(this);
-    const CGSize before = bounds().size;
-    UIView::setFrame(frame);
-    if (bounds().size != before) {
+    const bool isScrolled = bounds.origin != this->bounds().origin;
+    UIView::setBounds(bounds);
+    if (isScrolled) {
         needsCells_ = true;
-        setContentOffset(contentOffset());
         update();
     }
 }
 
-void UITableView::setBounds(const CGRect& bounds) {
-    if (bounds != this->bounds()) {
-        UIView::setBounds(bounds);
-        needsCells_ = true;
-        update();
-    }
+void UITableView::layoutSubviews() {
+    const std::shared_ptr<UITableView> alive = self(this);
+    needsCells_ = true;
+    setContentOffset(contentOffset());
+    update();
 }
 
 bool UITableView::scrollBy(const CGPoint& delta) {

@@ -34,7 +34,7 @@ public:
     void setImage(const std::shared_ptr<UIImage>& image) override {
         UIImageView::setImage(image);
         if (const auto cell = Foundation::as<UITableViewCell>(superview())) {
-            cell->layOut();
+            cell->setNeedsLayout();
         }
     }
 };
@@ -68,7 +68,7 @@ std::shared_ptr<UILabel> UITableViewCell::textLabel() {
         textLabel_ = Foundation::make<UILabel>();
         textLabel_->setTextColor(color);
         addSubview(textLabel_);
-        layOut();
+        setNeedsLayout();
     }
     return textLabel_;
 }
@@ -77,7 +77,7 @@ std::shared_ptr<UIImageView> UITableViewCell::imageView() {
     if (!imageView_) {
         imageView_ = Foundation::make<ImageView>();
         addSubview(imageView_);
-        layOut();
+        setNeedsLayout();
     }
     return imageView_;
 }
@@ -110,22 +110,12 @@ void UITableViewCell::updateTint() {
     }
 }
 
-void UITableViewCell::setFrame(const CGRect& frame) {
-    UIView::setFrame(frame);
-    layOut();
-}
-
-void UITableViewCell::setBounds(const CGRect& bounds) {
-    UIView::setBounds(bounds);
-    layOut();
-}
-
 CGFloat UITableViewCell::textStart() const {
     const CGFloat imageWidth = imageView_ ? imageView_->frame().size.width : 0.0;
     return imageWidth > 0.0 ? margin + imageWidth + gap : margin;
 }
 
-void UITableViewCell::layOut() {
+void UITableViewCell::layoutSubviews() {
     const CGSize size = bounds().size;
     if (imageView_) {
         const CGFloat room = std::max(0.0, std::min(size.height, size.width) - 2.0 * imageInset);

@@ -3,6 +3,7 @@
 #include "Platform/Foundation/Class.h"
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSRunLoop.h"
+#include "Platform/Foundation/ScopeExit.h"
 #include "Platform/UIKit/Animation/AnimationGroup.h"
 #include "Platform/UIKit/Animation/Animator.h"
 #include "Platform/UIKit/UIColor.h"
@@ -21,6 +22,7 @@ using namespace CoreGraphics;
 namespace {
 
 constexpr CGFloat leastTouchableAlpha = 0.01;
+constexpr int mostLayoutRounds = 8;
 
 AnimatedValues valuesOf(const CGRect& rect) {
     return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
@@ -138,9 +140,7 @@ void UIView::setGeometry(const ViewGeometry& geometry) {
     if (geometry.transform() != geometry_.transform()) {
         change(AnimatedProperty::Transform, [&] { geometry_.setTransform(geometry.transform()); });
     }
-    if (oldSize != geometry_.box().size) {
-        resizeSubviews(oldSize);
-    }
+    sizeChanged(oldSize);
 }
 
 void UIView::setBox(const CGRect& box) {
@@ -148,7 +148,13 @@ void UIView::setBox(const CGRect& box) {
     if (box != geometry_.box()) {
         change(AnimatedProperty::Box, [&] { geometry_.setBox(box); });
     }
+    sizeChanged(oldSize);
+}
+
+// By whichever property it came.
+void UIView::sizeChanged(const CGSize& oldSize) {
     if (oldSize != geometry_.box().size) {
+        setNeedsLayout();
         resizeSubviews(oldSize);
     }
 }
@@ -167,6 +173,50 @@ void UIView::resizeSubviews(const CGSize& oldSize) {
                 autoresizedFrame(subview->frame(), subview->autoresizingMask_, oldSize, newSize));
         }
     }
+}
+
+void UIView::setNeedsLayout() {
+    needsLayout_ = true;
+    markHolders();
+}
+
+// Up to the first that knows: so do those around it.
+void UIView::markHolders() {
+    for (UIView* each = superview_; each && !each->holdsMarked_; each = each->superview_) {
+        each->holdsMarked_ = true;
+    }
+}
+
+void UIView::layoutIfNeeded() {
+    if (!awaitsLayout()) {
+        return;
+    }
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    for (int round = 0; round < mostLayoutRounds && awaitsLayout(); ++round) {
+        layOutTree();
+    }
+}
+
+void UIView::layOutTree() {
+    const std::shared_ptr<NSObject> alive = weak_from_this().lock();
+    if (needsLayout_) {
+        needsLayout_ = false;
+        bool isDone = false;
+        const Foundation::ScopeExit end([&] { needsLayout_ = needsLayout_ || !isDone; });
+        layoutSubviews();
+        isDone = true;
+    }
+    holdsMarked_ = false;
+    bool isDone = false;
+    const Foundation::ScopeExit end([&] { holdsMarked_ = holdsMarked_ || !isDone; });
+    // By place: whoever is laid out may change the tree.
+    for (std::size_t index = 0; index < subviews_.size(); ++index) {
+        const std::shared_ptr<UIView> subview = subviews_[index];
+        if (subview->awaitsLayout()) {
+            subview->layOutTree();
+        }
+    }
+    isDone = true;
 }
 
 UIViewAutoresizing UIView::autoresizingMask() const { return autoresizingMask_; }
@@ -237,6 +287,9 @@ void UIView::insertSubview(const std::shared_ptr<UIView>& view, std::size_t inde
     added->detach();
     subviews_.insert(subviews_.begin() + static_cast<std::ptrdiff_t>(placeFor(*added, index)), added);
     added->superview_ = this;
+    if (added->awaitsLayout()) {
+        added->markHolders();
+    }
     extentChanged();
     added->invalidateExtent();
     if (oldRoot != root()) {

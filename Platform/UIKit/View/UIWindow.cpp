@@ -67,6 +67,7 @@ void UIWindow::sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const
     Foundation::NSRunLoop& loop = runLoop();
     const Foundation::NSRunLoop::Scope current(&loop);
     const double now = loop.now();
+    layoutIfNeeded();
     auto found = findCapture(identifier);
     if (phase == UITouchPhase::Began) {
         const std::shared_ptr<UIView> view = found == captures_.end() ? hitTest(location) : nullptr;
@@ -142,6 +143,7 @@ void UIWindow::deliver(UITouch touch, const std::shared_ptr<UIView>& view) {
 
 bool UIWindow::sendScroll(const CGPoint& location, const CGPoint& delta) {
     const Foundation::NSRunLoop::Scope current(loop_.lock().get());
+    layoutIfNeeded();
     const std::shared_ptr<UIView> modal = modalView();
     const std::shared_ptr<UIView> hit = hitTest(location);
     for (std::shared_ptr<UIView> each = hit; each; each = each->superview()) {
@@ -238,6 +240,8 @@ void UIWindow::damage(const CGRect& rect) {
 }
 
 void UIWindow::display(CGContext& context) {
+    const Foundation::NSRunLoop::Scope current(loop_.lock().get());
+    layoutIfNeeded();
     const DamageRegion damage = damage_;
     damage_.clear();
     std::size_t drawn = 0;

@@ -26,23 +26,18 @@ bool PlateView::init(const CGRect& frame) {
         return false;
     }
     addSubview(label_);
-    layOutText();
+    setNeedsLayout();
     return true;
 }
 
 void PlateView::setFootHeight(CGFloat height) {
     footHeight_ = height;
-    layOutText();
+    setNeedsLayout();
 }
 
 void PlateView::setTailWidth(CGFloat width) {
     tailWidth_ = width;
-    layOutText();
-}
-
-void PlateView::setFrame(const CGRect& frame) {
-    UIView::setFrame(frame);
-    layOutText();
+    setNeedsLayout();
 }
 
 CGFloat PlateView::bottomPadding() const { return std::max(padding, footHeight_); }
@@ -55,7 +50,7 @@ CGRect PlateView::textArea(const CGSize& size) const {
              std::max(0.0, size.height - padding - bottomPadding())}};
 }
 
-void PlateView::layOutText() { label_->setFrame(textArea(bounds().size)); }
+void PlateView::layoutSubviews() { label_->setFrame(textArea(bounds().size)); }
 
 CGSize PlateView::sizeThatFits(const CGSize& size) const {
     // A room of no points would stand for one without limits.

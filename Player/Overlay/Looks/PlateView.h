@@ -32,7 +32,7 @@ public:
     /// estimate.
     CoreGraphics::CGSize sizeThatFits(const CoreGraphics::CGSize& size) const override;
 
-    void setFrame(const CoreGraphics::CGRect& frame) override;
+    void layoutSubviews() override;
 
     void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
 
@@ -40,7 +40,6 @@ private:
     CoreGraphics::CGFloat bottomPadding() const;
     CoreGraphics::CGFloat rightPadding() const;
     CoreGraphics::CGRect textArea(const CoreGraphics::CGSize& size) const;
-    void layOutText();
 
     std::shared_ptr<UIKit::UILabel> label_;
     CoreGraphics::CGFloat footHeight_ = 0.0;

@@ -47,14 +47,14 @@ bool MessageView::init(const CGRect& frame) {
     }
     plate_->addSubview(button_);
     addSubview(plate_);
-    layOutPlate();
+    setNeedsLayout();
     return true;
 }
 
 void MessageView::setText(std::string text) {
     text_ = std::move(text);
     plate_->label()->setText(text_);
-    layOutPlate();
+    setNeedsLayout();
 }
 
 void MessageView::setAction(const std::shared_ptr<UIKit::UIImage>& icon, const std::string& title,
@@ -63,18 +63,13 @@ void MessageView::setAction(const std::shared_ptr<UIKit::UIImage>& icon, const s
     action_->setActionClosure(std::move(action));
     actionTitle_ = title;
     button_->setHidden(false);
-    layOutPlate();
+    setNeedsLayout();
 }
 
 void MessageView::clearAction() {
     action_->setActionClosure(nullptr);
     button_->setHidden(true);
-    layOutPlate();
-}
-
-void MessageView::setFrame(const CGRect& frame) {
-    UIView::setFrame(frame);
-    layOutPlate();
+    setNeedsLayout();
 }
 
 bool MessageView::pointInside(const CGPoint& point) const {
@@ -138,7 +133,7 @@ CGRect MessageView::buttonFrame(ButtonPlace place, const CGSize& plate) const {
     return {{}, plate};
 }
 
-void MessageView::layOutPlate() {
+void MessageView::layoutSubviews() {
     const CGSize area = bounds().size;
     const ButtonPlace place = buttonPlace();
     const bool isLow = room().height < heightWithFoot;

@@ -35,7 +35,7 @@ public:
                    std::function<void()> action);
     void clearAction();
 
-    void setFrame(const CoreGraphics::CGRect& frame) override;
+    void layoutSubviews() override;
     bool pointInside(const CoreGraphics::CGPoint& point) const override;
 
     /// What is shown, for those who want to know where it is. The button is hidden while there is no action.
@@ -52,7 +52,6 @@ private:
     void showAction(ButtonPlace place);
     CoreGraphics::CGSize plateSize(ButtonPlace place) const;
     CoreGraphics::CGRect buttonFrame(ButtonPlace place, const CoreGraphics::CGSize& plate) const;
-    void layOutPlate();
 
     std::string text_;
     std::string actionTitle_;

@@ -47,12 +47,7 @@ void NoticeView::dealloc() {
 
 bool NoticeView::isShowing() const { return !plate_->isHidden(); }
 
-void NoticeView::setFrame(const CGRect& frame) {
-    UIView::setFrame(frame);
-    layOutPlate();
-}
-
-void NoticeView::layOutPlate() {
+void NoticeView::layoutSubviews() {
     const CGSize area = bounds().size;
     const CGSize room{std::clamp(area.width - 2.0 * margin, 0.0, widest),
                       std::max(0.0, area.height - 2.0 * margin)};
@@ -88,7 +83,7 @@ void NoticeView::showNow(const std::string& text) {
     plate_->label()->setText(text);
     plate_->setAlpha(1.0);
     plate_->setHidden(text.empty());
-    layOutPlate();
+    setNeedsLayout();
 }
 
 void NoticeView::endPassing() {

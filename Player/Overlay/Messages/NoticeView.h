@@ -30,7 +30,7 @@ public:
     /// False once all has faded away.
     bool isShowing() const;
 
-    void setFrame(const CoreGraphics::CGRect& frame) override;
+    void layoutSubviews() override;
 
     /// The text's plate, for those who want to know where it is.
     const std::shared_ptr<PlateView>& plate() const { return plate_; }
@@ -41,7 +41,6 @@ protected:
 private:
     void showNow(const std::string& text);
     void endPassing();
-    void layOutPlate();
     void stopWaiting();
     void fadeAway();
 

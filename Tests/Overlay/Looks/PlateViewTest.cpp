@@ -42,11 +42,14 @@ TEST_F(PlateViewTest, IsNeverLargerThanTheRoom) {
 }
 
 TEST_F(PlateViewTest, TextKeepsToTheInsideAndAboveTheFoot) {
+    plate->layoutIfNeeded();
     const CGRect whole = plate->label()->frame();
     EXPECT_TRUE(CGRectContainsRect(CGRectMake(10.0, 5.0, 180.0, 90.0), whole));
     plate->setFootHeight(40.0);
+    plate->layoutIfNeeded();
     EXPECT_EQ(CGRectGetMaxY(plate->label()->frame()), 60.0);
     plate->setFrame(CGRectMake(0.0, 0.0, 200.0, 120.0));
+    plate->layoutIfNeeded();
     EXPECT_EQ(CGRectGetMaxY(plate->label()->frame()), 80.0);
 }
 
@@ -61,6 +64,7 @@ TEST_F(PlateViewTest, TailStaysFreeOfText) {
     plate->label()->setText("No film");
     const CGFloat width = plate->sizeThatFits({300.0, 50.0}).width;
     plate->setTailWidth(60.0);
+    plate->layoutIfNeeded();
     EXPECT_LE(CGRectGetMaxX(plate->label()->frame()), 140.0);
     EXPECT_GT(plate->sizeThatFits({300.0, 50.0}).width, width + 40.0);
     EXPECT_LE(plate->sizeThatFits({90.0, 50.0}).width, 90.0);

@@ -253,7 +253,7 @@ TEST_F(PlayerMenuTest, RouteButtonIsThereOnlyWhenThereIsAChoice) {
 
 TEST_F(PlayerMenuTest, RouteButtonOfEachOfTwoOverlaysOpensItsOwnMenu) {
     host.window()->setFrame(CGRectMake(0.0, 0.0, 640.0, 720.0));
-    overlay.hostViewWasResized();
+    host.window()->layoutIfNeeded();
     const auto above = Foundation::make<UIKit::UIView>(CGRectMake(0.0, 0.0, 640.0, 360.0));
     host.window()->addSubview(above);
     FakePlayback other;
@@ -279,7 +279,7 @@ TEST_F(PlayerMenuTest, RouteButtonTakesItsRoomFromTheTrackAndLeavesEnough) {
     playback.now.audioDevices = {{"auto", "System default", true}, {"alsa/hdmi", "HDMI", false}};
     playback.tell();
     host.window()->setFrame(CGRectMake(0.0, 0.0, 320.0, 180.0));
-    overlay.hostViewWasResized();
+    host.window()->layoutIfNeeded();
     const auto elements = overlay.transportControls().bar()->elemets().value();
     const CGRect track = elements[2]->view()->view()->frame();
     EXPECT_GE(track.size.width, 80.0);
@@ -315,7 +315,7 @@ TEST_F(PlayerMenuTest, OverlayGoesAwayWithAnOpenMenu) {
 
 TEST_F(PlayerMenuTest, MenuFitsIntoTheSmallestWindow) {
     host.window()->setFrame(CGRectMake(0.0, 0.0, 320.0, 180.0));
-    overlay.hostViewWasResized();
+    host.window()->layoutIfNeeded();
     tap({294.0, 20.0});
     EXPECT_FALSE(texts().empty());
     choose(1);

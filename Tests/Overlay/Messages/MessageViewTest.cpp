@@ -25,6 +25,7 @@ protected:
     MessageViewTest() { host.window()->addSubview(message); }
 
     CGRect inWindow(const UIKit::UIView& view) const {
+        host.window()->layoutIfNeeded();
         return view.convertRectToView(view.bounds(), *host.window());
     }
 
@@ -39,11 +40,13 @@ protected:
 
 TEST_F(MessageViewTest, PlateFitsItsTextInTheMiddle) {
     message->setText("No film");
+    host.window()->layoutIfNeeded();
     const CGRect plate = inWindow(*message->plate());
     EXPECT_NEAR(CGRectGetMidX(plate), 160.0, 0.5);
     EXPECT_NEAR(CGRectGetMidY(plate), 90.0, 0.5);
     EXPECT_LT(CGRectGetWidth(plate), 160.0);
     message->setText("cannot play 'film.mkv': no such file");
+    host.window()->layoutIfNeeded();
     EXPECT_GT(CGRectGetWidth(inWindow(*message->plate())), CGRectGetWidth(plate));
     EXPECT_EQ(message->plate()->label()->text(), message->text());
 }
@@ -51,6 +54,7 @@ TEST_F(MessageViewTest, PlateFitsItsTextInTheMiddle) {
 TEST_F(MessageViewTest, LongMessageAndItsButtonFitBetweenTheBarsOfTheSmallestWindow) {
     message->setText(std::string(600, 'n'));
     message->setAction(retryIcon(), "Try again", [] {});
+    host.window()->layoutIfNeeded();
     const CGRect plate = inWindow(*message->plate());
     const CGRect button = inWindow(*message->button());
     const CGRect text = inWindow(*message->plate()->label());
@@ -68,18 +72,22 @@ TEST_F(MessageViewTest, PressOfTheButtonRunsItsAction) {
     int runs = 0;
     message->setText("No film");
     message->setAction(retryIcon(), "Try again", [&runs] { ++runs; });
+    host.window()->layoutIfNeeded();
     EXPECT_EQ(message->button()->currentTitle(), "Try again");
     tapButton();
     EXPECT_EQ(runs, 1);
     message->setAction(retryIcon(), "Another", [&runs] { runs += 10; });
+    host.window()->layoutIfNeeded();
     tapButton();
     EXPECT_EQ(runs, 11);
 }
 
 TEST_F(MessageViewTest, OnlyTheButtonTakesTouches) {
     message->setText(std::string(100, 'n'));
+    host.window()->layoutIfNeeded();
     EXPECT_EQ(host.window()->hitTest({160.0, 90.0}), host.window());
     message->setAction(retryIcon(), "Try again", [] {});
+    host.window()->layoutIfNeeded();
     const CGRect text = inWindow(*message->plate()->label());
     EXPECT_EQ(host.window()->hitTest({CGRectGetMidX(text), CGRectGetMidY(text)}), host.window());
     const CGRect button = inWindow(*message->button());
@@ -91,10 +99,13 @@ TEST_F(MessageViewTest, OnlyTheButtonTakesTouches) {
 TEST_F(MessageViewTest, WithoutItsActionTheButtonIsGoneAndThePlateLower) {
     int runs = 0;
     message->setText("No film");
+    host.window()->layoutIfNeeded();
     const CGRect plain = message->plate()->frame();
     message->setAction(retryIcon(), "Try again", [&runs] { ++runs; });
+    host.window()->layoutIfNeeded();
     EXPECT_GT(CGRectGetHeight(message->plate()->frame()), CGRectGetHeight(plain) + 20.0);
     message->clearAction();
+    host.window()->layoutIfNeeded();
     EXPECT_TRUE(message->button()->isHidden());
     EXPECT_EQ(message->plate()->frame(), plain);
     tapButton();
@@ -107,6 +118,7 @@ TEST_F(MessageViewTest, LowAreaHasAnIconBesideTheText) {
     message->setText("No such file.");
     message->setAction(retryIcon(), "Try again", [&runs] { ++runs; });
     message->setFrame(low);
+    host.window()->layoutIfNeeded();
     const CGRect button = inWindow(*message->button());
     const CGRect text = inWindow(*message->plate()->label());
     EXPECT_TRUE(CGRectContainsRect(low, inWindow(*message->plate())));
@@ -120,6 +132,7 @@ TEST_F(MessageViewTest, LowAreaHasAnIconBesideTheText) {
     tapButton();
     EXPECT_EQ(runs, 1);
     message->setFrame(smallArea);
+    host.window()->layoutIfNeeded();
     EXPECT_EQ(message->button()->currentTitle(), "Try again");
     EXPECT_GE(CGRectGetMinY(inWindow(*message->button())),
               CGRectGetMaxY(inWindow(*message->plate()->label())));
@@ -131,6 +144,7 @@ TEST_F(MessageViewTest, InTheSmallestAreaTheTextItselfIsPressed) {
     message->setText("No such file.");
     message->setAction(retryIcon(), "Try again", [&runs] { ++runs; });
     message->setFrame(small);
+    host.window()->layoutIfNeeded();
     EXPECT_TRUE(CGRectContainsRect(small, inWindow(*message->plate())));
     EXPECT_EQ(inWindow(*message->button()), inWindow(*message->plate()));
     EXPECT_EQ(message->button()->currentTitle(), std::nullopt);
@@ -154,9 +168,11 @@ TEST_F(MessageViewTest, FollowsItsArea) {
     message->setText("No film");
     message->setAction(retryIcon(), "Try again", [] {});
     message->setFrame(CGRectMake(0.0, 40.0, 800.0, 400.0));
+    host.window()->layoutIfNeeded();
     EXPECT_NEAR(CGRectGetMidX(inWindow(*message->plate())), 400.0, 0.5);
     EXPECT_NEAR(CGRectGetMidY(inWindow(*message->plate())), 240.0, 0.5);
     message->setFrame(CGRectMake(0.0, 40.0, 10.0, 5.0));
+    host.window()->layoutIfNeeded();
     EXPECT_LE(CGRectGetWidth(message->plate()->frame()), 10.0);
 }
 

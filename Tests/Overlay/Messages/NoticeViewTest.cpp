@@ -36,6 +36,7 @@ protected:
     }
 
     CGRect plateInWindow() const {
+        host.window()->layoutIfNeeded();
         return notice->convertRectToView(notice->plate()->frame(), *host.window());
     }
 

@@ -129,6 +129,7 @@ TEST_F(AnimatorTest, NothingIsDrawnAgainBeforeTheAnimationMoves) {
         view->setAlpha(0.25);
         view->setFrame(CGRectMake(50.0, 50.0, 20.0, 20.0));
     });
+    host.window()->layoutIfNeeded();
     EXPECT_FALSE(host.window()->needsDisplay());
     host.advance(0.5);
     EXPECT_TRUE(host.window()->needsDisplay());

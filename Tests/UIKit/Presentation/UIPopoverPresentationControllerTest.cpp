@@ -135,13 +135,16 @@ TEST_F(PopoverTest, TheSourceRectIsInTheSourcesCoordinates) {
 TEST_F(PopoverTest, FollowsItsAnchorWhenTheWindowChangesSize) {
     show();
     host.window()->setFrame(CGRectMake(0, 0, 420, 300));
+    host.advance(0.0);
     EXPECT_EQ(place(), CGRectMake(260, 52, 120, 100));
-    // As a program does that places its views itself, when it hears of the new size.
+    // As a program does that places its views itself.
+    host.window()->setFrame(CGRectMake(0, 0, 430, 300));
     anchor->setFrame(CGRectMake(100, 260, 40, 40));
     host.advance(0.0);
     EXPECT_EQ(place(), CGRectMake(60, 148, 120, 100));
     EXPECT_EQ(presented->popoverPresentationController()->arrowDirection(), UIPopoverArrowDirectionDown);
     host.window()->setFrame(CGRectMake(0, 0, 120, 80));
+    host.advance(0.0);
     const CGRect small = place();
     EXPECT_TRUE(CGRectContainsRect(CGRectMake(10, 10, 100, 60), small));
     host.window()->setFrame(CGRectMake(0, 0, 320, 240));
@@ -149,7 +152,7 @@ TEST_F(PopoverTest, FollowsItsAnchorWhenTheWindowChangesSize) {
     EXPECT_EQ(place().size, (CGSize{120, 100}));
 }
 
-TEST_F(PopoverTest, ManyNewSizesOfTheWindowAreFollowedByOneLaterLayout) {
+TEST_F(PopoverTest, ManyNewSizesOfTheWindowAreFollowedByOneLayout) {
     class Counted : public UIViewController {
     public:
         CGSize preferredContentSize() const override {
@@ -167,11 +170,11 @@ TEST_F(PopoverTest, ManyNewSizesOfTheWindowAreFollowedByOneLaterLayout) {
     for (const CGFloat width : {400.0, 410.0, 420.0}) {
         host.window()->setFrame(CGRectMake(0, 0, width, 300));
     }
-    EXPECT_EQ(counted->layouts, 3);
+    EXPECT_EQ(counted->layouts, 0);
     host.advance(0.0);
-    EXPECT_EQ(counted->layouts, 4);
+    EXPECT_EQ(counted->layouts, 1);
     host.advance(1.0);
-    EXPECT_EQ(counted->layouts, 4);
+    EXPECT_EQ(counted->layouts, 1);
 }
 
 TEST_F(PopoverTest, ANewPreferredSizeIsTakenAtOnce) {

@@ -136,6 +136,7 @@ TEST_F(PresentationTest, FullScreenFillsTheWindowAndFollowsIt) {
     host.advance(1.0);
     EXPECT_EQ(completions, 1);
     host.window()->setFrame(CGRectMake(0, 0, 100, 50));
+    host.advance(0.0);
     EXPECT_EQ(presented->view()->frame(), CGRectMake(0, 0, 100, 50));
 }
 

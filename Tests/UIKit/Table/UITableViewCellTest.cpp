@@ -18,6 +18,7 @@ class UITableViewCellTest : public testing::Test {
 protected:
     UITableViewCellTest() {
         cell->setFrame(CGRectMake(0, 44, 300, 44));
+        cell->layoutIfNeeded();
         host.window()->addSubview(cell);
     }
 
@@ -46,6 +47,7 @@ TEST_F(UITableViewCellTest, HasALabelAndAnImageViewThatStayTheSame) {
 
 TEST_F(UITableViewCellTest, WithoutAnImageTheTextBeginsAtTheMargin) {
     cell->textLabel()->setText("One");
+    cell->layoutIfNeeded();
     EXPECT_EQ(cell->textLabel()->frame(), CGRectMake(16, 0, 268, 44));
     EXPECT_EQ(cell->imageView()->image(), nullptr);
     EXPECT_EQ(cell->textLabel()->frame(), CGRectMake(16, 0, 268, 44));
@@ -54,16 +56,20 @@ TEST_F(UITableViewCellTest, WithoutAnImageTheTextBeginsAtTheMargin) {
 TEST_F(UITableViewCellTest, AnImageStandsAtTheLeadingEdgeAndTheTextBesideIt) {
     cell->textLabel()->setText("One");
     cell->imageView()->setImage(makeImage({20, 20}));
+    cell->layoutIfNeeded();
     EXPECT_EQ(cell->imageView()->frame(), CGRectMake(16, 8, 20, 28));
     EXPECT_EQ(cell->textLabel()->frame(), CGRectMake(48, 0, 236, 44));
     cell->imageView()->setImage(nullptr);
+    cell->layoutIfNeeded();
     EXPECT_EQ(cell->textLabel()->frame(), CGRectMake(16, 0, 268, 44));
 }
 
 TEST_F(UITableViewCellTest, AnImageThatIsTooLargeShowsSmallerInItsShape) {
     cell->imageView()->setImage(makeImage({100, 50}));
+    cell->layoutIfNeeded();
     EXPECT_EQ(cell->imageView()->frame(), CGRectMake(16, 8, 44, 28));
     cell->imageView()->setImage(makeImage({56, 56}));
+    cell->layoutIfNeeded();
     EXPECT_EQ(cell->imageView()->frame(), CGRectMake(16, 8, 28, 28));
 }
 
@@ -71,8 +77,10 @@ TEST_F(UITableViewCellTest, ContentFollowsTheSizeHoweverSmall) {
     cell->imageView()->setImage(makeImage({20, 20}));
     cell->textLabel()->setText("One");
     cell->setBounds(CGRectMake(0, 0, 100, 44));
+    cell->layoutIfNeeded();
     EXPECT_EQ(cell->textLabel()->frame(), CGRectMake(48, 0, 36, 44));
     cell->setFrame(CGRectMake(0, 0, 10, 4));
+    cell->layoutIfNeeded();
     EXPECT_EQ(cell->textLabel()->frame().size.width, 0.0);
     EXPECT_EQ(cell->imageView()->frame().size, (CGSize{0, 0}));
 }

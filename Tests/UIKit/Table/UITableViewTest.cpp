@@ -338,6 +338,7 @@ TEST_F(UITableViewTest, AnAnswerToANewSizeMayTearItDown) {
     };
     UITableView& resized = *table;
     resized.setFrame(CGRectMake(10, 20, 200, 280));
+    host.advance(0.0);
     EXPECT_TRUE(isGone);
 }
 
@@ -661,14 +662,17 @@ TEST_F(UITableViewTest, ATableThatFitsHasNoIndicator) {
 TEST_F(UITableViewTest, AnotherSizeShowsOtherRowsAndKeepsWithinTheEnd) {
     show({10});
     table->setFrame(CGRectMake(0, 0, 100, 88));
+    host.advance(0.0);
     EXPECT_THAT(shownRows(), ElementsAre("0.0", "0.1"));
     EXPECT_EQ(cell(0)->frame(), CGRectMake(0, 0, 100, 44));
     table->setContentOffset(440.0);
     EXPECT_EQ(table->contentOffset(), 352.0);
     table->setFrame(CGRectMake(0, 0, 100, 132));
+    host.advance(0.0);
     EXPECT_EQ(table->contentOffset(), 308.0);
     EXPECT_THAT(shownRows(), ElementsAre("0.7", "0.8", "0.9"));
     table->setFrame(CGRectMake(0, 0, 100, 0));
+    host.advance(0.0);
     EXPECT_THAT(shownRows(), IsEmpty());
 }
 

@@ -1,8 +1,6 @@
-#include "Benchmarks/HeapMeter.h"
+#include "Benchmarks/Inputs.h"
+#include "Benchmarks/Measures.h"
 #include "Benchmarks/NullContext.h"
-#include "Benchmarks/QtMenu.h"
-#include "Benchmarks/QtOverlay.h"
-#include "Benchmarks/QtRowModel.h"
 #include "Hosts/Headless/HeadlessHost.h"
 #include "KivUICore/KivUICore.h"
 #include "Platform/CoreGraphics/CGRecordingContext.h"
@@ -17,19 +15,6 @@ using namespace CoreGraphics;
 using Foundation::make;
 using KivUICore::PopOverButton;
 using KivUICore::PopOverMenu;
-
-/// Measures `show`, which makes a menu, has it drawn once and gives back what holds it; then what it takes on
-/// the heap while it is there.
-template <class Show>
-void measureMenu(benchmark::State& state, Show show) {
-    show();
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(show());
-    }
-    const HeapMeter meter;
-    const auto shown = show();
-    state.counters["bytes"] = static_cast<double>(meter.bytes());
-}
 
 /// A menu over entries that are there already, as rows are in a model.
 class BorrowingMenu : public PopOverMenu {
@@ -79,7 +64,7 @@ private:
 
 template <int rows>
 void popOverMenu(benchmark::State& state) {
-    KivUICore::Headless::HeadlessHost host({1280.0, 720.0});
+    KivUICore::Headless::HeadlessHost host({screenWidth, screenHeight});
     const auto controller = make<UIKit::UIViewController>();
     controller->view()->setFrame(host.window()->bounds());
     host.window()->addSubview(controller->view());
@@ -89,18 +74,8 @@ void popOverMenu(benchmark::State& state) {
     measureMenu(state, [&] { return std::make_unique<ShownMenu>(host, *controller, entries); });
 }
 
-template <int rows>
-void qtListView(benchmark::State& state) {
-    QtOverlay::prepare();
-    QtRowModel model(rows);
-    measureMenu(state, [&] { return std::make_unique<QtMenu>(model); });
-}
-
 BENCHMARK(popOverMenu<10>)->Name("menu shown, 10 rows/KivUICore");
-BENCHMARK(qtListView<10>)->Name("menu shown, 10 rows/Qt Widgets");
 BENCHMARK(popOverMenu<10'000>)->Name("menu shown, 10,000 rows/KivUICore");
-BENCHMARK(qtListView<10'000>)->Name("menu shown, 10,000 rows/Qt Widgets");
 BENCHMARK(popOverMenu<1'000'000>)->Name("menu shown, 1,000,000 rows/KivUICore");
-BENCHMARK(qtListView<1'000'000>)->Name("menu shown, 1,000,000 rows/Qt Widgets");
 
 } // namespace

@@ -12,7 +12,7 @@ build=$3
 # Sets up a checkout in which everything is installed and configured, and something has changed.
 fresh_checkout() {
     bare_checkout test
-    for preset in dev clang; do
+    for preset in dev clang optimised; do
         configured_preset $preset
     done
     for folder in Platform KivCore KivUICore Hosts Player Tests Benchmarks Docs; do
@@ -106,8 +106,8 @@ expect 'a wrong format ends it before anything is built' "$status $(cat "$CALLS"
 
 fresh_checkout
 run_test
-expect 'without arguments all is built' "$(builds | tr '\n' ' ')" 'dev all clang all '
-expect 'without arguments all is run' "$(runs | tr '\n' ' ')" 'clang dev '
+expect 'without arguments all is built' "$(builds | tr '\n' ' ')" 'dev all clang all optimised all '
+expect 'without arguments all is run' "$(runs | tr '\n' ' ')" 'optimised clang dev '
 expect 'without arguments clang-tidy is run' "$(grep -c clang-tidy "$CALLS")" 5
 
 [ "$failures" -eq 0 ]

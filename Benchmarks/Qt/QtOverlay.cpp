@@ -1,4 +1,4 @@
-#include "Benchmarks/QtOverlay.h"
+#include "Benchmarks/Qt/QtOverlay.h"
 
 #include <QApplication>
 #include <QLabel>

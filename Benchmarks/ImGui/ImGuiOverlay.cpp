@@ -1,4 +1,4 @@
-#include "Benchmarks/ImGuiOverlay.h"
+#include "Benchmarks/ImGui/ImGuiOverlay.h"
 
 #include <imgui.h>
 

@@ -1,4 +1,4 @@
-#include "Benchmarks/QtTarget.h"
+#include "Benchmarks/Qt/QtTarget.h"
 
 namespace Benchmarks {
 

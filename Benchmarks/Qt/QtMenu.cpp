@@ -1,4 +1,4 @@
-#include "Benchmarks/QtMenu.h"
+#include "Benchmarks/Qt/QtMenu.h"
 
 namespace Benchmarks {
 

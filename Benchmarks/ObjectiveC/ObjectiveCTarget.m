@@ -1,4 +1,4 @@
-#include "Benchmarks/ObjectiveCTarget.h"
+#include "Benchmarks/ObjectiveC/ObjectiveCTarget.h"
 
 #include <objc/Object.h>
 #include <objc/message.h>

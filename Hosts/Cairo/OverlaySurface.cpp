@@ -58,14 +58,13 @@ bool OverlaySurface::isBlank() const {
 
 std::span<const PixelRect> OverlaySurface::draw(UIKit::UIWindow& window) {
     changed_.clear();
-    window.layoutIfNeeded();
-    for (const CGRect& rect : window.damage().rects()) {
+    const DamageRegion drawn = window.display(context_);
+    for (const CGRect& rect : drawn.rects()) {
         const PixelRect pixels = pixelsAround(rect, scale_, size_);
         if (pixels.width > 0 && pixels.height > 0) {
             changed_.push_back(pixels);
         }
     }
-    window.display(context_);
     cairo_surface_flush(surface_.get());
     return changed_;
 }

@@ -226,8 +226,8 @@ protected:
     bool awaitsLayout() const { return needsLayout_ || holdsMarked_; }
 
     /// Draws the view and what is in it, faded if it is partly transparent, where it meets `dirty`, all in
-    /// the view's own coordinates and as its animations show it at present. Allocates nothing. The context's
-    /// state is the caller's to restore.
+    /// the view's own coordinates and as its animations show it at present. Allocates nothing after the first
+    /// time. The context's state is the caller's to restore.
     void drawTree(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& dirty);
 
     /// What hangs from this view hangs from this root; nothing for one that is no root.
@@ -281,6 +281,7 @@ private:
     void drawBackground(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& bounds) const;
 
     std::size_t placeFor(const UIView& view, std::size_t wanted) const;
+    std::size_t placesBehind(const std::shared_ptr<UIView>& view, std::size_t place) const;
     ViewRoot* root() const;
     std::shared_ptr<ViewRoot> sharedRoot() const;
     void moveSubview(const std::shared_ptr<UIView>& view, std::size_t index);

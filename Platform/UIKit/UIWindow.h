@@ -21,6 +21,9 @@ public:
     using UIView::init;
     bool init(const CoreGraphics::CGRect& frame) override;
 
+    /// In the time of its host.
+    void layoutIfNeeded() override;
+
     /// One step of a touch, `location` in the window's coordinates. A touch that begins is captured by the
     /// view under it, as everything is laid out by then, which hears all the rest; steps of a touch that
     /// isn't down are ignored, and so is a second beginning of one that is. May be called with several
@@ -65,9 +68,10 @@ public:
     void setNeedsDisplayEverywhere();
 
     /// Lays out what needs it, draws each damaged rectangle, clipped to it and cleared first, and forgets the
-    /// damage. `context` is in the window's coordinates. Allocates nothing. An exception from a view passes
-    /// through: what has not been drawn stays damaged, and what the window saved of the context is restored.
-    void display(CoreGraphics::CGContext& context);
+    /// damage; gives back what it drew. `context` is in the window's coordinates. Allocates nothing after the
+    /// first time. An exception from a view passes through: what has not been drawn stays damaged, and what
+    /// the window saved of the context is restored.
+    CoreGraphics::DamageRegion display(CoreGraphics::CGContext& context);
 
 protected:
     void dealloc() override;

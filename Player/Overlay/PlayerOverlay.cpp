@@ -179,6 +179,7 @@ void PlayerOverlay::pointerMoved(const CGPoint& location) {
         return;
     }
     pointer_ = location;
+    const Foundation::NSRunLoop::Scope current = inOwnTime();
     hostView_->layoutIfNeeded();
     policy_.noteActivity();
     holdWhileOnBar();

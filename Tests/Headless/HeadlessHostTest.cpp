@@ -1,6 +1,7 @@
 #include "Hosts/Headless/HeadlessHost.h"
 
 #include "Platform/Foundation/NSTimer.h"
+#include "Platform/UIKit/UIViewController.h"
 #include "Tests/UIKit/TestViews.h"
 
 #include <gtest/gtest.h>
@@ -229,6 +230,62 @@ TEST(HeadlessHostTest, WhatAHostHandsInAndWhatItsLoopTurnsIsInItsTime) {
     EXPECT_EQ(&NSRunLoop::currentRunLoop(), &second.runLoop());
     view->removeFromSuperview();
     EXPECT_EQ(&view->runLoop(), &second.runLoop());
+}
+
+/// Tells whose time it is when it is laid out.
+class TimedView : public UIView {
+public:
+    NSRunLoop* loop = nullptr;
+    void layoutSubviews() override { loop = &NSRunLoop::currentRunLoop(); }
+};
+
+TEST(HeadlessHostTest, LayoutIsInTheTimeOfTheHost) {
+    HeadlessHost first({100, 100});
+    HeadlessHost second({100, 100});
+    const auto view = Foundation::make<TimedView>(CGRectMake(0, 0, 10, 10));
+    first.window()->addSubview(view);
+    view->setNeedsLayout();
+    first.advance(0.0);
+    EXPECT_EQ(view->loop, &first.runLoop());
+    view->loop = nullptr;
+    view->setNeedsLayout();
+    first.draw();
+    EXPECT_EQ(view->loop, &first.runLoop());
+}
+
+TEST(HeadlessHostTest, PresentationsAreOverInTheTimeOfTheirHost) {
+    HeadlessHost first({100, 100});
+    HeadlessHost second({100, 100});
+    const auto presenting = Foundation::make<UIKit::UIViewController>();
+    const auto presented = Foundation::make<UIKit::UIViewController>();
+    first.window()->addSubview(presenting->view());
+    int calls = 0;
+    const auto count = [&calls] { ++calls; };
+    presenting->presentViewController(presented, false, count);
+    first.advance(1.0);
+    EXPECT_EQ(calls, 1);
+    presenting->dismissViewControllerAnimated(false, count);
+    first.advance(1.0);
+    EXPECT_EQ(calls, 2);
+    presenting->dismissViewControllerAnimated(false, count);
+    first.advance(1.0);
+    EXPECT_EQ(calls, 3);
+}
+
+TEST(HeadlessHostTest, ViewsOfALoopThatGoesAreDrawnWhereTheyEndUp) {
+    const HeadlessHost other({10, 10});
+    auto host = std::make_unique<HeadlessHost>(CGSize{200, 100});
+    const auto window = host->window();
+    const auto view = makeView(CGRectMake(0, 0, 10, 10));
+    window->addSubview(view);
+    UIView::animateWithDuration(1.0, 0.0, UIKit::UIViewAnimationOptionCurveLinear,
+                                [&] { view->setFrame(CGRectMake(100, 0, 10, 10)); });
+    host->advance(0.1);
+    host->draw();
+    ASSERT_FALSE(window->needsDisplay());
+    host.reset();
+    EXPECT_EQ(view->presentedFrame(), CGRectMake(100, 0, 10, 10));
+    EXPECT_TRUE(window->damage().contains(CGRectMake(100, 0, 10, 10)));
 }
 
 } // namespace

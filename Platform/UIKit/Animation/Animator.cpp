@@ -93,8 +93,8 @@ Animator::Animator(Foundation::NSRunLoop& loop) : loop_(loop), presentationTime_
 
 // A view holds its groups, and a completion often holds a view.
 Animator::~Animator() {
+    moveTo(std::numeric_limits<double>::infinity());
     for (const std::shared_ptr<AnimationGroup>& group : groups_) {
-        group->moveTo(std::numeric_limits<double>::infinity());
         finish(*group);
     }
     for (AnimationRecording* each = recording; each; each = each->outer()) {

@@ -41,6 +41,7 @@ void Presentation::begin(bool animated, std::function<void()> completion) {
         end();
         return;
     }
+    const Foundation::NSRunLoop::Scope current(&container_->runLoop());
     const std::shared_ptr<UIView> faded = style_->fadedView(container_);
     if (animated) {
         faded->setAlpha(0.0);

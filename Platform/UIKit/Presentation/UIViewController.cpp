@@ -4,6 +4,7 @@
 #include "Platform/Foundation/FatalError.h"
 #include "Platform/Foundation/NSBundle.h"
 #include "Platform/Foundation/NSCoder.h"
+#include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/Foundation/ScopeExit.h"
 #include "Platform/UIKit/Presentation/Presentation.h"
 #include "Platform/UIKit/UIPopoverPresentationController.h"
@@ -204,6 +205,7 @@ void UIViewController::dismissViewControllerAnimated(bool animated, std::functio
     if (presentation && !presentation->isOver()) {
         presentation->dismiss(Presentation::Cause::Program, animated, std::move(completion));
     } else if (completion) {
+        const Foundation::NSRunLoop::Scope current(view_ ? &view_->runLoop() : nullptr);
         Presentation::callSoon(std::move(completion));
     }
 }

@@ -199,16 +199,17 @@ void UIView::layoutIfNeeded() {
 
 void UIView::layOutTree() {
     const std::shared_ptr<NSObject> alive = weak_from_this().lock();
-    if (needsLayout_) {
-        needsLayout_ = false;
+    if (std::exchange(needsLayout_, false)) {
         bool isDone = false;
-        const Foundation::ScopeExit end([&] { needsLayout_ = needsLayout_ || !isDone; });
+        const Foundation::ScopeExit end([&] {
+            if (!isDone) {
+                // From where it is by now.
+                UIView::setNeedsLayout();
+            }
+        });
         layoutSubviews();
         isDone = true;
     }
-    holdsMarked_ = false;
-    bool isDone = false;
-    const Foundation::ScopeExit end([&] { holdsMarked_ = holdsMarked_ || !isDone; });
     // By place: whoever is laid out may change the tree.
     for (std::size_t index = 0; index < subviews_.size(); ++index) {
         const std::shared_ptr<UIView> subview = subviews_[index];
@@ -216,7 +217,11 @@ void UIView::layOutTree() {
             subview->layOutTree();
         }
     }
-    isDone = true;
+    // Asked at the end: a change of the tree makes the loop above pass over some, and until then those around
+    // this view must know of what is left in it.
+    holdsMarked_ =
+        std::any_of(subviews_.begin(), subviews_.end(),
+                    [](const std::shared_ptr<UIView>& subview) { return subview->awaitsLayout(); });
 }
 
 UIViewAutoresizing UIView::autoresizingMask() const { return autoresizingMask_; }
@@ -448,16 +453,26 @@ std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
         return nullptr;
     }
     std::shared_ptr<UIView> alive = self(this);
-    // By place: whoever is asked may change the tree.
-    for (std::size_t left = subviews_.size(); left > 0; left = std::min(left - 1, subviews_.size())) {
+    for (std::size_t left = subviews_.size(); left > 0;) {
         const std::shared_ptr<UIView> subview = subviews_[left - 1];
         const std::optional<CGPoint> inside = subview->geometry_.pointFromSuperview(point);
         std::shared_ptr<UIView> hit = inside ? subview->hitTest(*inside) : nullptr;
         if (hit) {
             return hit;
         }
+        left = placesBehind(subview, left - 1);
     }
     return alive;
+}
+
+// How many stand behind `view`, which was at `place`: whoever was asked may have changed the tree.
+std::size_t UIView::placesBehind(const std::shared_ptr<UIView>& view, std::size_t place) const {
+    if (place < subviews_.size() && subviews_[place] == view) {
+        return place;
+    }
+    const auto found = std::find(subviews_.begin(), subviews_.end(), view);
+    return found == subviews_.end() ? std::min(place, subviews_.size())
+                                    : static_cast<std::size_t>(found - subviews_.begin());
 }
 
 bool UIView::pointInside(const CGPoint& point) const {

@@ -62,6 +62,11 @@ std::vector<UIWindow::Capture>::iterator UIWindow::findCapture(UITouchIdentifier
                         [identifier](const Capture& each) { return each.touch.identifier == identifier; });
 }
 
+void UIWindow::layoutIfNeeded() {
+    const Foundation::NSRunLoop::Scope current(loop_.lock().get());
+    UIView::layoutIfNeeded();
+}
+
 void UIWindow::sendTouch(UITouchIdentifier identifier, UITouchPhase phase, const CGPoint& location) {
     const std::shared_ptr<UIWindow> alive = self(this);
     Foundation::NSRunLoop& loop = runLoop();
@@ -142,6 +147,7 @@ void UIWindow::deliver(UITouch touch, const std::shared_ptr<UIView>& view) {
 }
 
 bool UIWindow::sendScroll(const CGPoint& location, const CGPoint& delta) {
+    const std::shared_ptr<UIWindow> alive = self(this);
     const Foundation::NSRunLoop::Scope current(loop_.lock().get());
     layoutIfNeeded();
     const std::shared_ptr<UIView> modal = modalView();
@@ -239,7 +245,8 @@ void UIWindow::damage(const CGRect& rect) {
     damage_.add({{left, top}, {right - left, bottom - top}});
 }
 
-void UIWindow::display(CGContext& context) {
+DamageRegion UIWindow::display(CGContext& context) {
+    const std::shared_ptr<UIWindow> alive = self(this);
     const Foundation::NSRunLoop::Scope current(loop_.lock().get());
     layoutIfNeeded();
     const DamageRegion damage = damage_;
@@ -253,6 +260,7 @@ void UIWindow::display(CGContext& context) {
     for (; drawn < damage.rects().size(); ++drawn) {
         displayRect(damage.rects()[drawn], context);
     }
+    return damage;
 }
 
 void UIWindow::displayRect(const CGRect& rect, CGContext& context) {

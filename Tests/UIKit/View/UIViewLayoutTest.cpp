@@ -1,4 +1,6 @@
 #include "Hosts/Headless/HeadlessHost.h"
+#include "Platform/CoreGraphics/CGRecordingContext.h"
+#include "Platform/UIKit/UIWindow.h"
 #include "Tests/UIKit/TestViews.h"
 
 #include <gtest/gtest.h>
@@ -194,6 +196,105 @@ TEST_F(UIViewLayoutTest, ViewMayTakeItselfOutWhileItIsLaidOut) {
     host.draw();
     EXPECT_EQ(taken(), Log{"view"});
     EXPECT_TRUE(host.window()->subviews().empty());
+}
+
+TEST_F(UIViewLayoutTest, ViewThatLeavesItsPlaceInItsLayoutKeepsNobodyFromTheirs) {
+    const std::vector<std::function<void(LaidOutView&)>> ways{
+        [&](LaidOutView& view) { host.window()->bringSubviewToFront(view.superview()->subviews()[0]); },
+        [](LaidOutView& view) { view.removeFromSuperview(); }};
+    for (const auto& leave : ways) {
+        const auto first = makeLaidOut("first");
+        const auto holder = makeLaidOut("holder");
+        const auto inside = makeLaidOut("inside");
+        holder->addSubview(inside);
+        host.window()->addSubview(first);
+        host.window()->addSubview(holder);
+        first->onLayout = [&] { leave(*first); };
+        first->setNeedsLayout();
+        inside->setNeedsLayout();
+        host.draw();
+        EXPECT_EQ(taken(), (Log{"first", "inside"}));
+        EXPECT_FALSE(host.window()->needsDisplay());
+        inside->setNeedsLayout();
+        host.draw();
+        EXPECT_EQ(taken(), Log{"inside"});
+        first->removeFromSuperview();
+        holder->removeFromSuperview();
+    }
+}
+
+TEST_F(UIViewLayoutTest, ViewThatMovesAndThrowsStaysMarkedWhereItIs) {
+    const auto before = make<UIView>(CGRectMake(0, 0, 50, 50));
+    const auto after = make<UIView>(CGRectMake(0, 0, 50, 50));
+    const auto view = makeLaidOut("view");
+    before->addSubview(view);
+    host.window()->addSubview(before);
+    host.window()->addSubview(after);
+    host.draw();
+    view->onLayout = [&] {
+        view->onLayout = nullptr;
+        after->addSubview(view);
+        throw std::runtime_error("no place");
+    };
+    view->setNeedsLayout();
+    EXPECT_THROW(before->layoutIfNeeded(), std::runtime_error);
+    host.draw();
+    EXPECT_EQ(taken(), (Log{"view", "view"}));
+}
+
+TEST_F(UIViewLayoutTest, AskedForInsideAPassItIsDoneAtOnceToo) {
+    const auto holder = makeLaidOut("holder");
+    const auto first = makeLaidOut("first");
+    const auto second = makeLaidOut("second");
+    holder->addSubview(first);
+    holder->addSubview(second);
+    host.window()->addSubview(holder);
+    first->onLayout = [&] {
+        holder->layoutIfNeeded();
+        log->push_back("first is done");
+    };
+    first->setNeedsLayout();
+    second->setNeedsLayout();
+    host.draw();
+    EXPECT_EQ(taken(), (Log{"first", "second", "first is done"}));
+}
+
+TEST_F(UIViewLayoutTest, WindowMayGoInItsLayout) {
+    const std::vector<std::function<void(UIKit::UIWindow&)>> ways{
+        [](UIKit::UIWindow& window) {
+            CGRecordingContext context({50, 50});
+            window.display(context);
+        },
+        [](UIKit::UIWindow& window) {
+            window.sendScroll({2, 2}, {0, 1});
+        },
+        [](UIKit::UIWindow& window) {
+            window.sendTouch(0, UIKit::UITouchPhase::Began, {2, 2});
+        }};
+    for (const auto& use : ways) {
+        auto window = make<UIKit::UIWindow>(CGRectMake(0, 0, 50, 50));
+        const auto view = makeLaidOut("view");
+        window->addSubview(view);
+        view->onLayout = [&window] { window.reset(); };
+        view->setNeedsLayout();
+        UIKit::UIWindow& used = *window;
+        use(used);
+        EXPECT_EQ(window, nullptr);
+        EXPECT_EQ(taken(), Log{"view"});
+    }
+}
+
+TEST_F(UIViewLayoutTest, DisplayGivesBackWhatItDrewAlsoOfWhatMovedInItsLayout) {
+    const auto view = makeLaidOut("view", CGRectMake(0, 0, 10, 10));
+    view->setBackgroundColor(make<UIKit::UIColor>(1.0, 0.0, 0.0, 1.0));
+    host.window()->addSubview(view);
+    host.draw();
+    view->onLayout = [&] { view->setFrame(CGRectMake(100, 50, 10, 10)); };
+    view->setNeedsLayout();
+    CGRecordingContext context({200, 100});
+    const DamageRegion drawn = host.window()->display(context);
+    EXPECT_TRUE(drawn.contains(CGRectMake(0, 0, 10, 10)));
+    EXPECT_TRUE(drawn.contains(CGRectMake(100, 50, 10, 10)));
 }
 
 } // namespace

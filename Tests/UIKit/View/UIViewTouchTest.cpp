@@ -51,6 +51,19 @@ TEST_F(UIViewHitTest, HiddenNearlyTransparentAndDisabledViewsAreSkipped) {
     EXPECT_EQ(root->hitTest({30, 30}), front);
 }
 
+TEST_F(UIViewHitTest, NoneIsPassedOverWhenTheViewThatIsAskedPutsAnotherBehindAll) {
+    class ProlificView : public UIView {
+    public:
+        std::shared_ptr<UIView> hitTest(const CGPoint& /*point*/) override {
+            superview()->insertSubview(make<UIView>(CGRectMake(0, 0, 100, 100)), 0);
+            return nullptr;
+        }
+    };
+    front->removeFromSuperview();
+    root->addSubview(make<ProlificView>());
+    EXPECT_EQ(root->hitTest({10, 10}), back);
+}
+
 TEST_F(UIViewHitTest, WhatIsInASkippedViewIsSkipped) {
     const auto inside = make<UIView>(CGRectMake(0, 0, 50, 50));
     front->addSubview(inside);

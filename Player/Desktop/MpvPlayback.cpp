@@ -401,6 +401,7 @@ void MpvPlayback::stepFrame(Direction direction) {
         return;
     }
     if (direction == Direction::Backward) {
+        pause();
         client_.command({"frame-back-step"});
         return;
     }

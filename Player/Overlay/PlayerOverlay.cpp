@@ -2,6 +2,7 @@
 
 #include "Platform/UIKit/UIViewController.h"
 #include "Player/Overlay/Film/AudioDeviceRoutes.h"
+#include "Player/Overlay/Film/NotifyingPlayer.h"
 #include "Player/Overlay/HostView.h"
 #include "Player/Overlay/KeyCommand.h"
 #include "Player/Overlay/Menus/MenuPresenter.h"
@@ -46,11 +47,12 @@ PlayerOverlay::PlayerOverlay(const std::shared_ptr<UIKit::UIView>& root, Playbac
           make<MenuPresenter>(controller_, menus_, [this] { policy_.setHold(Hold::Menu, menu_->isOpen()); })),
       routes_(std::make_shared<AudioDeviceRoutes>(
           playback, [this](const auto& anchor) { openMenu(MenuKind::AudioDevices, anchor); })),
+      player_(make<NotifyingPlayer>(playback.state())),
       status_(
           hostView_, [this] { playback_.retry(); }, [this] { playback_.cancelOpening(); }),
       title_(
           hostView_, [this] { goBack(); }, [this] { openMenu(MenuKind::Main, title_.menuButton()); }),
-      transport_(hostView_, transportActions()), bubble_(hostView_),
+      transport_(hostView_, player_, transportActions()), bubble_(hostView_),
       policy_({title_.bar(), transport_.bar()}, hideDelay) {
     // A bar that is told a new frame travels there over half a second. While somebody drags the window's edge
     // it would trail behind, so the bars follow by themselves, and a layout pass places what is in them.
@@ -76,6 +78,8 @@ PlayerOverlay::~PlayerOverlay() {
 }
 
 std::shared_ptr<UIKit::UIView> PlayerOverlay::hostView() const { return hostView_; }
+
+std::shared_ptr<NotifyingPlayer> PlayerOverlay::player() const { return player_; }
 
 CGFloat PlayerOverlay::bottomInset() { return KivUICore::KivBar::barHeight(); }
 
@@ -148,6 +152,9 @@ void PlayerOverlay::layOutBetweenBars() {
 void PlayerOverlay::playbackDidChange() {
     film_.playbackDidChange();
     refresh();
+    const Foundation::NSRunLoop::Scope current = inOwnTime();
+    // Comes last: an observer may end the overlay.
+    player_->follow(playback_.state());
 }
 
 // The player tells of a change in nobody's time.

@@ -25,6 +25,7 @@ class HostView;
 struct KeyCommand;
 class MenuPresenter;
 class AudioDeviceRoutes;
+class NotifyingPlayer;
 class WindowControls;
 
 /// All that lies over a film: the bars with their controls, and what there is to say. A host hands in
@@ -42,6 +43,11 @@ public:
     static CoreGraphics::CGFloat bottomInset();
 
     std::shared_ptr<UIKit::UIView> hostView() const;
+
+    /// The playback as the framework sees it: add observers to its notifier, and they hear what becomes of
+    /// the film, once the overlay shows it, and when the viewer takes hold of the handle and lets go.
+    std::shared_ptr<NotifyingPlayer> player() const;
+
     const TitleControls& titleControls() const { return title_; }
     const TransportControls& transportControls() const { return transport_; }
     const ScrubBubble& scrubBubble() const { return bubble_; }
@@ -95,6 +101,7 @@ private:
     std::shared_ptr<UIKit::UIViewController> controller_;
     std::shared_ptr<MenuPresenter> menu_;
     std::shared_ptr<AudioDeviceRoutes> routes_;
+    std::shared_ptr<NotifyingPlayer> player_;
     StatusViews status_;
     TitleControls title_;
     TransportControls transport_;

@@ -810,7 +810,7 @@ TEST_F(PlayerControlsTest, ErrorIsToldWithAWayToTryAgain) {
         host.tap({picture.x, y});
     }
     EXPECT_EQ(playback.takeStory(), Story{"retry"});
-    playback.tell();
+    playback.finishOpening();
     EXPECT_EQ(texts(), (Story{"A film", "00:00", "01:40"}));
 }
 

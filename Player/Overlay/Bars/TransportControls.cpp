@@ -6,7 +6,6 @@
 #include "Platform/MediaPlayer/MPVolumeView.h"
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UIWindow.h"
-#include "Player/Overlay/Bars/RoutedPlayer.h"
 #include "Player/Overlay/Bars/ScrubObserver.h"
 #include "Player/Overlay/Bars/TimeLabel.h"
 #include "Player/Overlay/Bars/TrackSlider.h"
@@ -31,12 +30,14 @@ std::shared_ptr<KivUICore::Button> makeButton(const std::function<void()>& actio
 
 } // namespace
 
-TransportControls::TransportControls(const std::shared_ptr<UIKit::UIView>& host, const Actions& actions)
+TransportControls::TransportControls(const std::shared_ptr<UIKit::UIView>& host,
+                                     const std::shared_ptr<KivCore::KivPlayer>& player,
+                                     const Actions& actions)
     : slider_(make<TrackSlider>(CGRect())), play_(makeButton(actions.togglePlay)),
       mute_(makeButton(actions.toggleMute)), fullScreen_(makeButton(actions.toggleFullScreen)),
       bar_(make<RowBar<BottomBar>>(host)) {
     const ScrubObserver::Handlers handlers{actions.beganScrubbing, actions.scrubbed, actions.endedScrubbing};
-    seekBar_ = make<KivUICore::SeekBar>(slider_, make<ScrubObserver>(handlers), make<RoutedPlayer>());
+    seekBar_ = make<KivUICore::SeekBar>(slider_, make<ScrubObserver>(handlers), player);
     seekBar_->disable();
     length_.view()->setPressHandler([this] {
         lengthShown_ = lengthShown_ == LengthShown::Duration ? LengthShown::Remaining : LengthShown::Duration;

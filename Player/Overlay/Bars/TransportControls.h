@@ -8,6 +8,10 @@
 #include <memory>
 #include <optional>
 
+namespace KivCore {
+class KivPlayer;
+} // namespace KivCore
+
 namespace KivUICore {
 class Button;
 class SeekBar;
@@ -32,7 +36,9 @@ public:
         std::function<void()> endedScrubbing;
     };
 
-    TransportControls(const std::shared_ptr<UIKit::UIView>& host, const Actions& actions);
+    /// The observers of `player` hear when the viewer takes hold of the seek bar's handle and lets go.
+    TransportControls(const std::shared_ptr<UIKit::UIView>& host,
+                      const std::shared_ptr<KivCore::KivPlayer>& player, const Actions& actions);
     TransportControls(const TransportControls&) = delete;
     TransportControls& operator=(const TransportControls&) = delete;
     ~TransportControls();

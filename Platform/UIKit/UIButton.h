@@ -53,12 +53,17 @@ public:
 
     void drawRect(CoreGraphics::CGContext& context, const CoreGraphics::CGRect& rect) override;
 
+    /// Return and space press a focused button: it goes down and is lifted inside. A key that is held presses
+    /// once.
+    bool keyPressed(const UIKey& key) override;
+
 private:
     struct Layout {
         CoreGraphics::CGRect image;
         CoreGraphics::CGRect title;
     };
 
+    void press();
     Layout layout(const CoreGraphics::CGRect& bounds, const UIImage* image, std::string_view title) const;
     void drawImage(CoreGraphics::CGContext& context, const CoreGraphics::CGDrawing& drawing,
                    const CoreGraphics::CGRect& rect) const;

@@ -49,6 +49,9 @@ public:
     /// All of the above as bits.
     UIControlState state() const;
 
+    /// Unless it is disabled.
+    bool canBecomeFocused() const override { return isEnabled(); }
+
     /// True from an accepted beginning until the touch ends.
     bool isTracking() const { return trackedTouch_.has_value(); }
     bool isTouchInside() const { return isTouchInside_; }
@@ -69,6 +72,9 @@ public:
     void touchesMoved(const UITouch& touch) override;
     void touchesEnded(const UITouch& touch) override;
     void touchesCancelled(const UITouch& touch) override;
+
+protected:
+    bool admitsFocus() const override;
 
 private:
     struct Registration {

@@ -4,6 +4,7 @@
 #include "Platform/UIKit/UIButton.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIControl.h"
+#include "Platform/UIKit/UIFocusHeading.h"
 #include "Platform/UIKit/UIFont.h"
 #include "Platform/UIKit/UIGraphics.h"
 #include "Platform/UIKit/UIImage.h"
@@ -11,6 +12,7 @@
 #include "Platform/UIKit/UIKey.h"
 #include "Platform/UIKit/UILabel.h"
 #include "Platform/UIKit/UIPopoverPresentationController.h"
+#include "Platform/UIKit/UIResponder.h"
 #include "Platform/UIKit/UISlider.h"
 #include "Platform/UIKit/UITableView.h"
 #include "Platform/UIKit/UITableViewCell.h"
@@ -24,6 +26,7 @@ namespace UIKit {
 inline const Foundation::ClassList uiKitClasses{UIColor::classObject,
                                                 UIImage::classObject,
                                                 UIFont::classObject,
+                                                UIResponder::classObject,
                                                 UIView::classObject,
                                                 UIWindow::classObject,
                                                 UIControl::classObject,

@@ -81,6 +81,8 @@ public:
     void touchesCancelled(const UITouch& touch) override;
     bool scrollBy(const CoreGraphics::CGPoint& delta) override;
 
+    bool canBecomeFocused() const override { return true; }
+
     /// Up, down, page up, page down, home and end move the highlight; return chooses it.
     bool keyPressed(const UIKey& key) override;
 

@@ -4,6 +4,7 @@
 #include "Platform/CoreGraphics/CGGeometry.h"
 #include "Platform/UIKit/Animation/AnimatedObject.h"
 #include "Platform/UIKit/Animation/PropertyAnimations.h"
+#include "Platform/UIKit/UIResponder.h"
 #include "Platform/UIKit/UIViewAnimationOptions.h"
 #include "Platform/UIKit/UIViewAutoresizing.h"
 #include "Platform/UIKit/View/ViewExtent.h"
@@ -24,14 +25,12 @@ namespace UIKit {
 class UIColor;
 class UIWindow;
 class ViewRoot;
-struct UIKey;
-struct UITouch;
 
 /// A rectangle on the screen with views of its own on top. A view owns its subviews and refers weakly to its
 /// superview. Setting a property sets the model, which is what reads see; inside an animation the
 /// presentation, which is what is drawn and what `presentedFrame` and `presentedAlpha` tell, travels there.
 /// All coordinates are points, y downwards.
-class UIView : public AnimatedObject {
+class UIView : public UIResponder, public AnimatedObject {
 public:
     static const Foundation::Class& classObject();
 
@@ -155,21 +154,23 @@ public:
     /// From the window's coordinates to this view's; the origin where it is in none.
     CoreGraphics::CGPoint convertPointFromWindow(const CoreGraphics::CGPoint& point) const;
 
-    /// The steps of a touch that went down on this view. Handed on to the superview unless overridden. May
-    /// tear down anything.
-    virtual void touchesBegan(const UITouch& touch);
-    virtual void touchesMoved(const UITouch& touch);
-    virtual void touchesEnded(const UITouch& touch);
-    virtual void touchesCancelled(const UITouch& touch);
+    /// The superview.
+    std::shared_ptr<UIResponder> nextResponder() const override;
 
-    /// The wheel moved over the view, or over one inside that let it pass: scrolls what the view shows, and
-    /// says whether it took the movement, which it does at the end of its way too. `delta`, in points, is the
-    /// way of the content: below zero it goes up, and what lies further down shows. May tear down anything.
-    virtual bool scrollBy(const CoreGraphics::CGPoint& delta);
+    /// Whether the view wants the keys first when it is its turn; false by default. It must change nothing.
+    virtual bool canBecomeFocused() const { return false; }
 
-    /// A key that is offered to what is presented in the window, innermost views first; says whether the view
-    /// took it. May tear down anything.
-    virtual bool keyPressed(const UIKey& key);
+    /// Whether it can have the focus now: it can become focused and is in a window, and neither it nor one
+    /// around it is hidden, has an alpha under 0.01, takes no touches or is disabled.
+    bool isFocusable() const;
+
+    /// Whether it is the one in its window that is offered keys first. A view draws its ring itself, in
+    /// `drawRect`, and is asked to draw again when this changes.
+    bool isFocused() const;
+
+    /// Told by the window after the focus came and after it went. May tear down anything.
+    virtual void didGainFocus() {}
+    virtual void didLoseFocus() {}
 
     /// Draws the view's own content between its background and its subviews, in its own coordinates and
     /// inside its bounds; `rect` is the part that is needed. Must not change any view.
@@ -199,6 +200,9 @@ protected:
 
     /// Called after the view came under another window or under none.
     virtual void didMoveToWindow() {}
+
+    /// Whether the view, and what is in it, may have the focus as far as it depends on this view alone.
+    virtual bool admitsFocus() const;
 
     /// The bounds as they are shown at present, which is what there is to draw in.
     CoreGraphics::CGRect presentedBounds() const { return presentedGeometry().bounds(); }
@@ -256,6 +260,8 @@ private:
     void change(AnimatedProperty property, Change&& change);
     std::shared_ptr<AnimationGroup> recordingGroup() const;
     void recordChange(AnimatedProperty property, const AnimatedValues& from, const AnimatedValues& to);
+
+    bool isShownForTouches() const;
 
     void setGeometry(const ViewGeometry& geometry);
     void setBox(const CoreGraphics::CGRect& box);

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "Platform/CoreGraphics/DamageRegion.h"
+#include "Platform/UIKit/UIFocusHeading.h"
 #include "Platform/UIKit/UITouch.h"
 #include "Platform/UIKit/UIView.h"
 #include "Platform/UIKit/View/ViewRoot.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace UIKit {
@@ -36,14 +38,36 @@ public:
     /// Cancels those that are down on a view or inside it.
     void cancelTouchesIn(const UIView& subtree);
 
-    /// Wheel movement over `location`, in points, offered to the view there and then to those around it, as
-    /// UIView::scrollBy tells. True if somebody took it. A modal view takes what nobody in it does, and what
-    /// is beside it.
+    /// Whose turn it is when nobody in the window took a touch, the wheel or a key; nothing at first. Held
+    /// weakly. One that leads back to the window is a fatal report.
+    std::shared_ptr<UIResponder> owner() const { return owner_.lock(); }
+    void setOwner(const std::shared_ptr<UIResponder>& owner);
+    std::shared_ptr<UIResponder> nextResponder() const override { return owner(); }
+
+    /// Wheel movement over `location`, in points, offered to the view there and then to one responder after
+    /// the other. True if somebody took it. A modal view takes what nobody in it does, and what is beside it.
     bool sendScroll(const CoreGraphics::CGPoint& location, const CoreGraphics::CGPoint& delta);
 
-    /// Offers a key to the modal view on top, the views in it first. True if somebody took it; false too
-    /// while there is no such view.
+    /// Offers a key to the focused view and those around it, then to the modal view on top, the other views
+    /// in it first, and then to the window and its owner. True if somebody took it.
     bool sendKey(const UIKey& key);
+
+    /// The view that is offered keys first; nothing at first. Each modal view keeps the focus to itself and
+    /// has one of its own, so that it is back where it was when the modal view goes. A view that can't have
+    /// it any more has lost it; it hears of that at once when it is taken out, and else before the window
+    /// draws or hands on a key. Nobody takes it over unless asked to.
+    std::shared_ptr<UIView> focusedView() const;
+
+    /// Nothing takes the focus away. Does nothing for a view that is not focusable, or beside a modal view.
+    void setFocusedView(const std::shared_ptr<UIView>& view);
+
+    /// Focuses the next view, or the one before, as one reads: from top to bottom, and in a row from left to
+    /// right. After the last comes the first, which is next too while there is no focus. True if it moved.
+    bool focusNextView();
+    bool focusPreviousView();
+
+    /// Focuses the nearest view on that side, the first one while there is no focus. True if it moved.
+    bool moveFocus(UIFocusHeading heading);
 
     /// Puts `view` over all others, those that are added or raised later too, and in front of them for keys
     /// and the wheel, until it is taken out or takes no touches any more. It is taken out when `owner`,
@@ -53,8 +77,9 @@ public:
     /// The modal view on top; nothing when there is none.
     std::shared_ptr<UIView> modalView() const;
 
-    /// True while anything that is visible differs from what was drawn last, or is to be laid out.
-    bool needsDisplay() const { return !damage_.isEmpty() || awaitsLayout(); }
+    /// True while anything that is visible differs from what was drawn last, or is to be laid out, or a view
+    /// is to hear of the focus.
+    bool needsDisplay() const { return !damage_.isEmpty() || awaitsLayout() || !isFocusSettled(); }
 
     /// What must be drawn again, in the window's coordinates; all of it once everything is laid out.
     const CoreGraphics::DamageRegion& damage() const { return damage_; }
@@ -87,6 +112,7 @@ private:
     struct ModalView {
         std::weak_ptr<UIView> view;
         std::weak_ptr<UIView> owner;
+        std::weak_ptr<UIView> focus;
     };
 
     ViewRoot* asRoot() override { return this; }
@@ -94,20 +120,38 @@ private:
     void damage(const CoreGraphics::CGRect& rect) override;
     Foundation::NSRunLoop& runLoop() const override;
     void viewWillLeave(UIView& view) override { cancelTouchesIn(view); }
-    void viewDidLeave(UIView& view) override { removeModalViewsOf(view); }
+    void viewDidLeave(UIView& view) override;
+    bool hasFocus(const UIView& view) const override { return focusedView().get() == &view; }
 
     void displayRect(const CoreGraphics::CGRect& rect, CoreGraphics::CGContext& context);
+    std::optional<std::size_t> frontModalView() const;
     bool isModal(const UIView& view) const;
     void removeModalViewsOf(const UIView& subtree);
     std::vector<Capture>::iterator findCapture(UITouchIdentifier identifier);
     void cancel(std::vector<Capture>::iterator found);
     static void deliver(UITouch touch, const std::shared_ptr<UIView>& view);
 
+    const std::weak_ptr<UIView>& wantedFocus() const;
+    void setWantedFocus(const std::shared_ptr<UIView>& view);
+    bool canFocus(const UIView& view) const;
+    bool isFocusSettled() const { return toldFocus_.lock() == focusedView(); }
+    void settleFocus();
+    std::vector<std::shared_ptr<UIView>> focusableViews() const;
+    bool stepFocus(std::ptrdiff_t step);
+    bool takeFocusTo(const std::shared_ptr<UIView>& view);
+
     std::weak_ptr<Foundation::NSRunLoop> loop_;
     CoreGraphics::CGFloat contentScale_ = 1.0;
     CoreGraphics::DamageRegion damage_;
     std::vector<Capture> captures_;
     std::vector<ModalView> modalViews_;
+    std::weak_ptr<UIResponder> owner_;
+
+    // Beside every modal view.
+    std::weak_ptr<UIView> focus_;
+
+    // Who heard last that it has the focus.
+    std::weak_ptr<UIView> toldFocus_;
 };
 
 } // namespace UIKit

@@ -8,8 +8,8 @@ TEST(UIKitTest, EveryClassIsKnownByName) {
     for (const char* name :
          {"UIKit.UIButton", "UIKit.UIColor", "UIKit.UIControl", "UIKit.UIFont", "UIKit.UIImage",
           "UIKit.UIImageView", "UIKit.UILabel", "UIKit.UIPopoverPresentationController",
-          "UIKit.UIPresentationController", "UIKit.UISlider", "UIKit.UITableView", "UIKit.UITableViewCell",
-          "UIKit.UIView", "UIKit.UIViewController", "UIKit.UIWindow"}) {
+          "UIKit.UIPresentationController", "UIKit.UIResponder", "UIKit.UISlider", "UIKit.UITableView",
+          "UIKit.UITableViewCell", "UIKit.UIView", "UIKit.UIViewController", "UIKit.UIWindow"}) {
         const Foundation::Class* found = Foundation::Class::named(name);
         ASSERT_NE(found, nullptr) << name;
         EXPECT_EQ(found->name(), name);

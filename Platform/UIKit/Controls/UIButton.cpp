@@ -9,6 +9,7 @@
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIFont.h"
 #include "Platform/UIKit/UIImage.h"
+#include "Platform/UIKit/UIKey.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,6 +29,10 @@ constexpr CGFloat fadedAlpha = 0.35;
 constexpr CGFloat padding = 4.0;
 constexpr CGFloat gap = 4.0;
 constexpr CGFloat leastSide = 44.0;
+
+bool isPressKey(const UIKey& key) {
+    return key.keyCode == UIKeyboardHIDUsage::ReturnOrEnter || key.characters == " ";
+}
 
 } // namespace
 
@@ -105,6 +110,25 @@ void UIButton::setTintColor(const std::shared_ptr<UIColor>& color) {
 bool UIButton::fadesImage() const { return !isEnabled() && !images_.has(state()); }
 
 CGFont UIButton::shownFont() const { return font_ ? font_->cgFont() : ownFont; }
+
+// Keys
+
+bool UIButton::keyPressed(const UIKey& key) {
+    if (!isPressKey(key) || !isFocused()) {
+        return false;
+    }
+    if (!key.isRepeat && !isTracking()) {
+        press();
+    }
+    return true;
+}
+
+void UIButton::press() {
+    const std::shared_ptr<UIButton> alive = self(this);
+    sendActionsForControlEvents(UIControlEventTouchDown);
+    const bool isThere = isEnabled() && window();
+    sendActionsForControlEvents(isThere ? UIControlEventTouchUpInside : UIControlEventTouchCancel);
+}
 
 // Layout
 

@@ -126,6 +126,8 @@ UIControlState UIControl::state() const {
            (isSelected() ? UIControlStateSelected : UIControlStateNormal);
 }
 
+bool UIControl::admitsFocus() const { return isEnabled() && UIView::admitsFocus(); }
+
 // Tracking
 
 bool UIControl::beginTrackingWithTouch(const UITouch& /*touch*/) { return true; }

@@ -448,8 +448,12 @@ void UIView::setUserInteractionEnabled(bool enabled) { isUserInteractionEnabled_
 
 // Touches
 
+bool UIView::isShownForTouches() const {
+    return !isHidden_ && alpha_ >= leastTouchableAlpha && isUserInteractionEnabled_;
+}
+
 std::shared_ptr<UIView> UIView::hitTest(const CGPoint& point) {
-    if (isHidden_ || !(alpha_ >= leastTouchableAlpha) || !isUserInteractionEnabled_ || !pointInside(point)) {
+    if (!isShownForTouches() || !pointInside(point)) {
         return nullptr;
     }
     std::shared_ptr<UIView> alive = self(this);
@@ -512,33 +516,27 @@ CGRect UIView::convertRectToView(const CGRect& rect, const UIView& view) const {
     return inwards ? CGRectApplyAffineTransform(rect, CGAffineTransformConcat(toRoot(), *inwards)) : CGRect{};
 }
 
-void UIView::touchesBegan(const UITouch& touch) {
-    if (const std::shared_ptr<UIView> next = superview()) {
-        next->touchesBegan(touch);
+// Focus
+
+std::shared_ptr<UIResponder> UIView::nextResponder() const { return superview(); }
+
+bool UIView::admitsFocus() const { return isShownForTouches(); }
+
+bool UIView::isFocusable() const {
+    if (!root() || !canBecomeFocused()) {
+        return false;
     }
+    const UIView* each = this;
+    while (each && each->admitsFocus()) {
+        each = each->superview_;
+    }
+    return !each;
 }
 
-void UIView::touchesMoved(const UITouch& touch) {
-    if (const std::shared_ptr<UIView> next = superview()) {
-        next->touchesMoved(touch);
-    }
+bool UIView::isFocused() const {
+    const ViewRoot* above = root();
+    return above && above->hasFocus(*this);
 }
-
-void UIView::touchesEnded(const UITouch& touch) {
-    if (const std::shared_ptr<UIView> next = superview()) {
-        next->touchesEnded(touch);
-    }
-}
-
-void UIView::touchesCancelled(const UITouch& touch) {
-    if (const std::shared_ptr<UIView> next = superview()) {
-        next->touchesCancelled(touch);
-    }
-}
-
-bool UIView::scrollBy(const CGPoint& /*delta*/) { return false; }
-
-bool UIView::keyPressed(const UIKey& /*key*/) { return false; }
 
 // Drawing
 

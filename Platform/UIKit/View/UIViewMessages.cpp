@@ -10,7 +10,7 @@ using CoreGraphics::CGRect;
 
 const Foundation::Class& UIView::classObject() {
     static const Foundation::Class& object =
-        Foundation::ClassBuilder<UIView, NSObject>("UIKit.UIView")
+        Foundation::ClassBuilder<UIView, UIResponder>("UIKit.UIView")
             .initializer<const CGRect&>("initWithFrame:")
             .property<&UIView::frame, &UIView::setFrame>("frame")
             .property<&UIView::bounds, &UIView::setBounds>("bounds")
@@ -36,6 +36,9 @@ const Foundation::Class& UIView::classObject() {
             .property<&UIView::clipsToBounds, &UIView::setClipsToBounds>("clipsToBounds")
             .property<&UIView::isUserInteractionEnabled, &UIView::setUserInteractionEnabled>(
                 "userInteractionEnabled")
+            .property<&UIView::canBecomeFocused>("canBecomeFocused")
+            .property<&UIView::isFocusable>("focusable")
+            .property<&UIView::isFocused>("focused")
             .method<&UIView::setNeedsDisplay>("setNeedsDisplay")
             .build();
     return object;

@@ -15,22 +15,43 @@ using namespace CoreGraphics;
 
 namespace {
 
-// What is added or taken out meanwhile is passed over.
-bool offerKey(const std::shared_ptr<UIView>& view, const UIKey& key) {
+using Responders = std::vector<std::shared_ptr<UIResponder>>;
+
+// Innermost first, and not to those who were offered it before. What is added or taken out meanwhile is
+// passed over.
+bool offerKeyInside(const std::shared_ptr<UIView>& view, const UIKey& key, const Responders& before) {
     const std::vector<std::shared_ptr<UIView>> subviews = view->subviews();
     for (auto each = subviews.rbegin(); each != subviews.rend(); ++each) {
-        if (!(*each)->isHidden() && (*each)->superview() == view && offerKey(*each, key)) {
+        if (!(*each)->isHidden() && (*each)->superview() == view && offerKeyInside(*each, key, before)) {
             return true;
         }
     }
-    return view->keyPressed(key);
+    return std::find(before.begin(), before.end(), view) == before.end() && view->keyPressed(key);
+}
+
+// Notes in `offered` who is offered it, up to one of `ends` or the end.
+bool offerKeyAlong(std::shared_ptr<UIResponder> each, const UIKey& key, Responders& offered,
+                   const Responders& ends = {}) {
+    for (; each && std::find(ends.begin(), ends.end(), each) == ends.end(); each = each->nextResponder()) {
+        offered.push_back(each);
+        if (each->keyPressed(key)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
 
 const Foundation::Class& UIWindow::classObject() {
     static const Foundation::Class& object =
-        Foundation::ClassBuilder<UIWindow, UIView>("UIKit.UIWindow").build();
+        Foundation::ClassBuilder<UIWindow, UIView>("UIKit.UIWindow")
+            .property<&UIWindow::owner, &UIWindow::setOwner>("owner")
+            .property<&UIWindow::focusedView, &UIWindow::setFocusedView>("focusedView")
+            .method<&UIWindow::focusNextView>("focusNextView")
+            .method<&UIWindow::focusPreviousView>("focusPreviousView")
+            .method<&UIWindow::moveFocus>("moveFocus:")
+            .build();
     return object;
 }
 
@@ -45,6 +66,9 @@ bool UIWindow::init(const CGRect& frame) {
 
 void UIWindow::dealloc() {
     cancelTouches();
+    modalViews_.clear();
+    focus_.reset();
+    settleFocus();
     UIView::dealloc();
 }
 
@@ -146,16 +170,26 @@ void UIWindow::deliver(UITouch touch, const std::shared_ptr<UIView>& view) {
     }
 }
 
+void UIWindow::setOwner(const std::shared_ptr<UIResponder>& owner) {
+    for (std::shared_ptr<UIResponder> each = owner; each; each = each->nextResponder()) {
+        if (each.get() == this) {
+            Foundation::fatalError("A window's owner leads back to the window");
+        }
+    }
+    owner_ = owner;
+}
+
 bool UIWindow::sendScroll(const CGPoint& location, const CGPoint& delta) {
     const std::shared_ptr<UIWindow> alive = self(this);
     const Foundation::NSRunLoop::Scope current(loop_.lock().get());
     layoutIfNeeded();
     const std::shared_ptr<UIView> modal = modalView();
     const std::shared_ptr<UIView> hit = hitTest(location);
-    for (std::shared_ptr<UIView> each = hit; each; each = each->superview()) {
-        if (modal && !each->isDescendantOfView(*modal)) {
-            return true;
-        }
+    if (modal && !(hit && hit->isDescendantOfView(*modal))) {
+        return true;
+    }
+    const std::shared_ptr<UIResponder> end = modal ? alive : nullptr;
+    for (std::shared_ptr<UIResponder> each = hit; each != end; each = each->nextResponder()) {
         if (each->scrollBy(delta)) {
             return true;
         }
@@ -164,27 +198,38 @@ bool UIWindow::sendScroll(const CGPoint& location, const CGPoint& delta) {
 }
 
 bool UIWindow::sendKey(const UIKey& key) {
+    const std::shared_ptr<UIWindow> alive = self(this);
     const Foundation::NSRunLoop::Scope current(loop_.lock().get());
+    settleFocus();
     const std::shared_ptr<UIView> modal = modalView();
-    return modal && offerKey(modal, key);
+    Responders offered;
+    return offerKeyAlong(focusedView(), key, offered, {modal, alive}) ||
+           (modal && offerKeyInside(modal, key, offered)) || offerKeyAlong(alive, key, offered);
 }
 
 void UIWindow::addModalView(const std::shared_ptr<UIView>& view, const std::shared_ptr<UIView>& owner) {
     require(view, "view", "addModalView");
     require(owner, "owner", "addModalView");
     std::erase_if(modalViews_, [](const ModalView& each) { return each.view.expired(); });
-    modalViews_.push_back({view, owner});
+    modalViews_.push_back({view, owner, {}});
+    const std::shared_ptr<UIWindow> alive = self(this);
     addSubview(view);
+    settleFocus();
+}
+
+std::optional<std::size_t> UIWindow::frontModalView() const {
+    for (std::size_t left = modalViews_.size(); left > 0; --left) {
+        const std::shared_ptr<UIView> view = modalViews_[left - 1].view.lock();
+        if (view && view->superview().get() == this && view->isUserInteractionEnabled()) {
+            return left - 1;
+        }
+    }
+    return std::nullopt;
 }
 
 std::shared_ptr<UIView> UIWindow::modalView() const {
-    for (auto each = modalViews_.rbegin(); each != modalViews_.rend(); ++each) {
-        std::shared_ptr<UIView> view = each->view.lock();
-        if (view && view->superview().get() == this && view->isUserInteractionEnabled()) {
-            return view;
-        }
-    }
-    return nullptr;
+    const std::optional<std::size_t> front = frontModalView();
+    return front ? modalViews_[*front].view.lock() : nullptr;
 }
 
 bool UIWindow::isModal(const UIView& view) const {
@@ -215,6 +260,11 @@ void UIWindow::removeModalViewsOf(const UIView& subtree) {
             view->removeFromSuperview();
         }
     }
+}
+
+void UIWindow::viewDidLeave(UIView& view) {
+    removeModalViewsOf(view);
+    settleFocus();
 }
 
 void UIWindow::setContentScale(CGFloat scale) {
@@ -248,6 +298,7 @@ void UIWindow::damage(const CGRect& rect) {
 DamageRegion UIWindow::display(CGContext& context) {
     const std::shared_ptr<UIWindow> alive = self(this);
     const Foundation::NSRunLoop::Scope current(loop_.lock().get());
+    settleFocus();
     layoutIfNeeded();
     const DamageRegion damage = damage_;
     damage_.clear();

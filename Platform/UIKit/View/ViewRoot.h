@@ -28,6 +28,9 @@ public:
     /// The loop of the host that shows the tree.
     virtual Foundation::NSRunLoop& runLoop() const = 0;
 
+    /// Whether `view`, which is in the tree, is offered keys first.
+    virtual bool hasFocus(const UIView& view) const = 0;
+
     /// `view` is about to be taken out. Whoever hears of it may change anything.
     virtual void viewWillLeave(UIView& view) = 0;
 

@@ -5,6 +5,8 @@
 #include "Platform/Foundation/Message.h"
 #include "Platform/UIKit/UIColor.h"
 #include "Platform/UIKit/UIFont.h"
+#include "Platform/UIKit/UIKey.h"
+#include "Platform/UIKit/UIWindow.h"
 #include "Tests/CoreGraphics/AllocationCounter.h"
 #include "Tests/UIKit/ControlTestSupport.h"
 #include "Tests/UIKit/NullContext.h"
@@ -321,6 +323,71 @@ TEST_F(UIButtonTest, CanBeReachedByName) {
     EXPECT_EQ(button->send<std::shared_ptr<UIColor>>("titleColorForState:", UIControlStateNormal), color);
     EXPECT_EQ(button->send<std::optional<std::string>>("titleForState:", UIControlStateSelected), "Play");
     EXPECT_FALSE(button->isEnabled());
+}
+
+// Keys
+
+class UIButtonKeyTest : public UIButtonTest {
+protected:
+    bool press(const UIKey& key) {
+        recorder->events.clear();
+        return host.window()->sendKey(key);
+    }
+
+    const UIKey enter{UIKeyboardHIDUsage::ReturnOrEnter, "", false};
+    const UIKey space{UIKeyboardHIDUsage::None, " ", false};
+};
+
+TEST_F(UIButtonKeyTest, ReturnAndSpacePressAFocusedButton) {
+    host.window()->setFocusedView(button);
+    EXPECT_TRUE(press(enter));
+    EXPECT_THAT(recorder->events, ElementsAre("down", "up inside"));
+    EXPECT_TRUE(press(space));
+    EXPECT_THAT(recorder->events, ElementsAre("down", "up inside"));
+    EXPECT_FALSE(button->isHighlighted());
+}
+
+TEST_F(UIButtonKeyTest, OtherKeysGoOn) {
+    host.window()->setFocusedView(button);
+    EXPECT_FALSE(press({UIKeyboardHIDUsage::None, "m", false}));
+    EXPECT_FALSE(press({UIKeyboardHIDUsage::LeftArrow, "", false}));
+    EXPECT_THAT(recorder->events, IsEmpty());
+}
+
+TEST_F(UIButtonKeyTest, AButtonWithoutTheFocusTakesNoKey) {
+    EXPECT_FALSE(press(enter));
+    EXPECT_FALSE(button->keyPressed(enter));
+    host.window()->setFocusedView(button);
+    button->setEnabled(false);
+    EXPECT_FALSE(press(enter));
+    EXPECT_THAT(recorder->events, IsEmpty());
+}
+
+TEST_F(UIButtonKeyTest, AKeyThatIsHeldPressesOnce) {
+    host.window()->setFocusedView(button);
+    EXPECT_TRUE(press({UIKeyboardHIDUsage::ReturnOrEnter, "", true}));
+    EXPECT_THAT(recorder->events, IsEmpty());
+}
+
+TEST_F(UIButtonKeyTest, AKeyDuringATouchPressesNothing) {
+    host.window()->setFocusedView(button);
+    host.touchDown({30, 40});
+    EXPECT_TRUE(press(enter));
+    EXPECT_THAT(recorder->events, IsEmpty());
+    host.touchUp({30, 40});
+    EXPECT_THAT(recorder->events, ElementsAre("up inside"));
+}
+
+TEST_F(UIButtonKeyTest, AButtonThatGoesWhileItIsPressedCancels) {
+    host.window()->setFocusedView(button);
+    recorder->onEvent = [this](const std::string& event) {
+        if (event == "down") {
+            button->removeFromSuperview();
+            button.reset();
+        }
+    };
+    EXPECT_TRUE(press(enter));
+    EXPECT_THAT(recorder->events, ElementsAre("down", "cancel"));
 }
 
 } // namespace
